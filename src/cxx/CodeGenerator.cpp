@@ -1,0 +1,3 @@
+#include "CodeGenerator.h"
+
+char CodeGenerator::_narrow_tag = 0;

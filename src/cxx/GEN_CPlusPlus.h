@@ -1,0 +1,107 @@
+// The general C++ generator: the standard OMG IDL-to-C++ mapping for the
+// client side, and the settings and steps that C++ back ends share.
+#ifndef GEN_CPLUSPLUS_H
+#define GEN_CPLUSPLUS_H
+
+#include "CodeGenerator.h"
+#include "VisitorFF.h"
+#include "YV_String.h"
+
+#include <iosfwd>
+
+class GEN_CPlusPlus : public virtual CodeGenerator {
+public:
+    GEN_CPlusPlus();
+
+    // Virtual steps, in the order of the generator's table.
+    ~GEN_CPlusPlus() override;
+    virtual VisitorFF* visitorFF();
+    virtual void set_options(const char* text, long on, long off);
+    virtual void set_options(const char* text);
+    // Calls the three-argument set_options with on = 0 and off = 1, so that
+    // "+x<Name>" undoes what "-x<Name>" did.
+    virtual void clear_options(const char* text);
+    // A banner comment naming the tool and its version; no dates, no paths.
+    virtual void output_copyright(std::ostream& os);
+    virtual const char* plugin_name() const;
+    // Writes the client header (and client source where one is needed).
+    virtual void generate_client();
+    virtual void generate_hh();
+    virtual void generate_obv_hh();
+    virtual void generate_obv_cxx();
+    virtual void setFileStrings();
+    virtual void outputIncludes(std::ostream& os);
+    virtual void outputIncludedIDL(std::ostream& os);
+    virtual void output_header_system_includes(std::ostream& os);
+    virtual void output_stub_system_includes(std::ostream& os);
+    virtual void output_os_specific_header_stuff(std::ostream& os);
+    virtual void output_os_specific_stub_stuff(std::ostream& os);
+    virtual void output_obv_includes(std::ostream& os);
+    virtual void outputDeclSpec(std::ostream& os);
+    // Reads the configuration file, if there is one, and applies the option
+    // text it gives for this generator's plugin_name().
+    virtual void read_config_file();
+    virtual void init_factory_finder();
+
+protected:
+    // Applies one -x switch by name; reports an unknown name on the error
+    // stream.
+    virtual void code_off_switch(const char* name, long on, long off);
+
+public:
+    // The text without one pair of surrounding double quotes or angle brackets.
+    virtual YV_String strip_out_quotes(const char* text);
+
+    // Runs the client generation for `-base`.
+    void generate(IDL_GlobalData* data, const char* options) override;
+    void* narrow(char* tag) override;
+    static char _narrow_tag;
+
+    // Switches and settings, read at the moment the text that depends on
+    // them is written.
+    long namespace_support() const { return m_namespace_support; }
+    long declspecs_on() const { return m_declspecs; }
+    // The export macro in effect (set when the export-macro block is written).
+    const char* declspec() const { return m_declspec.c_str(); }
+    long ami_callbacks_on() const { return m_ami_callbacks; }
+    long dispatch_on() const { return m_dispatch; }
+    long RTTI_support() const { return m_rtti; }
+    long enforce_raises_on() const { return m_enforce_raises; }
+    // The two messaging switches: reply-handler (callback) and poller
+    // support. Either one makes C++ back ends include the Messaging header.
+    long ami_messaging_on() const { return m_ami_messaging; }
+    long ami_polling_on() const { return m_ami_polling; }
+
+    // `text` with every character that cannot stand in a C++ identifier
+    // replaced by '_', and a leading '_' added when it begins with a digit.
+    static YV_String make_legal_alpha_numeric_var(const YV_String& text);
+
+protected:
+    // File naming (extensions are held without a leading '.').
+    YV_String m_header_ext;            // default "hh"
+    YV_String m_stub_ext;              // default "cxx"
+    YV_String m_standard_header_ext;   // "hh"
+    YV_String m_header_dir;            // "" or ending in the separator
+    YV_String m_stub_dir;              // "" or ending in the separator
+    YV_String m_include_prefix;        // "" means none
+    YV_String m_base_name;             // the IDL file's stripped name up to its last '.'
+    YV_String m_header_name;           // the generated header's file name
+
+    // Export macros.
+    long m_declspecs = 0;
+    YV_String m_declspec_name;         // the name given with -d, or ""
+    YV_String m_declspec;              // the export macro in effect
+
+    // Switches.
+    long m_namespace_support = 1;
+    long m_ami_callbacks = 0;
+    long m_ami_messaging = 0;
+    long m_ami_polling = 0;
+    long m_dispatch = 1;
+    long m_rtti = 0;
+    long m_enforce_raises = 0;
+
+    VisitorFF m_visitor_ff;
+};
+
+#endif

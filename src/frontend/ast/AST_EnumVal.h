@@ -1,0 +1,19 @@
+// One enumerator, with its position (from 0) in its enumeration.
+#ifndef AST_ENUMVAL_H
+#define AST_ENUMVAL_H
+
+#include "AST_Decl.h"
+#include "Visitor.h"
+
+class AST_EnumVal : public AST_Decl {
+public:
+    AST_EnumVal(unsigned long ordinal, Identifier name) : AST_Decl(NT_enum_val, std::move(name)), m_ordinal(ordinal) {}
+    static AST_EnumVal* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_EnumVal*>(d); }
+    unsigned long ordinal() const { return m_ordinal; }
+    long accept(Visitor* v) override { return v->visit_AST_EnumVal(this); }
+
+private:
+    unsigned long m_ordinal;
+};
+
+#endif

@@ -1,0 +1,22 @@
+// A value type's factory (initialiser). Its scope holds its arguments.
+#ifndef AST_FACTORY_H
+#define AST_FACTORY_H
+
+#include "AST_Decl.h"
+#include "UTL_ExceptList.h"
+#include "UTL_Scope.h"
+#include "Visitor.h"
+
+class AST_Factory : public AST_Decl, public UTL_Scope {
+public:
+    explicit AST_Factory(Identifier name) : AST_Decl(NT_factory, std::move(name)) {}
+    static AST_Factory* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Factory*>(d); }
+    UTL_ExceptList* exceptions() { return &m_raises; }
+    AST_Decl* scope_as_decl() override { return this; }
+    long accept(Visitor* v) override { return v->visit_AST_Factory(this); }
+
+private:
+    UTL_ExceptList m_raises;
+};
+
+#endif

@@ -1,0 +1,26 @@
+// A named member of a given type: structure and exception members, and the
+// base of arguments, attributes, union branches and state members. The type
+// is never owned by the field.
+#ifndef AST_FIELD_H
+#define AST_FIELD_H
+
+#include "AST_Decl.h"
+#include "AST_Type.h"
+#include "Visitor.h"
+
+class AST_Field : public AST_Decl {
+public:
+    AST_Field(AST_Type* type, Identifier name) : AST_Decl(NT_field, std::move(name)), m_type(type) {}
+    static AST_Field* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Field*>(d); }
+
+    AST_Type* field_type() const { return m_type; }
+    long accept(Visitor* v) override { return v->visit_AST_Field(this); }
+
+protected:
+    AST_Field(NodeType kind, AST_Type* type, Identifier name) : AST_Decl(kind, std::move(name)), m_type(type) {}
+
+private:
+    AST_Type* m_type;
+};
+
+#endif

@@ -1,0 +1,15 @@
+// A native type: native Name;
+#ifndef AST_NATIVE_H
+#define AST_NATIVE_H
+
+#include "AST_Type.h"
+#include "Visitor.h"
+
+class AST_Native : public AST_Type {
+public:
+    explicit AST_Native(Identifier name) : AST_Type(NT_native, std::move(name)) {}
+    static AST_Native* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Native*>(d); }
+    long accept(Visitor* v) override { return v->visit_AST_Native(this); }
+};
+
+#endif

@@ -1,0 +1,15 @@
+// CORBA::Object: an object reference of no particular interface.
+#ifndef AST_OBJECT_H
+#define AST_OBJECT_H
+
+#include "AST_Type.h"
+#include "Visitor.h"
+
+class AST_Object : public AST_Type {
+public:
+    AST_Object() : AST_Type(NT_object, Identifier("Object")) {}
+    static AST_Object* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Object*>(d); }
+    long accept(Visitor* v) override { return v->visit_AST_Object(this); }
+};
+
+#endif

@@ -1,0 +1,15 @@
+// CORBA::ValueBase: a value of no particular value type.
+#ifndef AST_VALUEBASE_H
+#define AST_VALUEBASE_H
+
+#include "AST_Type.h"
+#include "Visitor.h"
+
+class AST_ValueBase : public AST_Type {
+public:
+    AST_ValueBase() : AST_Type(NT_valuebase, Identifier("ValueBase")) {}
+    static AST_ValueBase* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_ValueBase*>(d); }
+    long accept(Visitor* v) override { return v->visit_AST_ValueBase(this); }
+};
+
+#endif

@@ -1,0 +1,19 @@
+// A value box: valuetype Name <type>;
+#ifndef AST_VALUEBOX_H
+#define AST_VALUEBOX_H
+
+#include "AST_Type.h"
+#include "Visitor.h"
+
+class AST_ValueBox : public AST_Type {
+public:
+    AST_ValueBox(Identifier name, AST_Type* boxed) : AST_Type(NT_value_box, std::move(name)), m_boxed(boxed) {}
+    static AST_ValueBox* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_ValueBox*>(d); }
+    AST_Type* boxed_type() const { return m_boxed; }
+    long accept(Visitor* v) override { return v->visit_AST_ValueBox(this); }
+
+private:
+    AST_Type* m_boxed;
+};
+
+#endif

@@ -1,0 +1,18 @@
+// A forward declaration of a value type.
+#ifndef AST_VALUEFWD_H
+#define AST_VALUEFWD_H
+
+#include "AST_Value.h"
+
+class AST_ValueFwd : public AST_Type {
+public:
+    AST_ValueFwd(Identifier name, AST_Value* full) : AST_Type(NT_value_fwd, std::move(name)), m_full(full) {}
+    static AST_ValueFwd* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_ValueFwd*>(d); }
+    AST_Value* full_definition() const { return m_full; }
+    long accept(Visitor* v) override { return v->visit_AST_ValueFwd(this); }
+
+private:
+    AST_Value* m_full;
+};
+
+#endif

@@ -1,0 +1,53 @@
+// What the front end hands to the back ends for one IDL file: the tree, the
+// file names, and the files the main file includes.
+#ifndef IDL_GLOBALDATA_H
+#define IDL_GLOBALDATA_H
+
+#include "AST_Root.h"
+#include "UTL_String.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+// One file named by an #include directive of the main IDL file.
+struct IDL_IncludedFile {
+    // The name as written in the directive, with its quotes or angle
+    // brackets: "bar.idl" or <omg/orb.idl>.
+    UTL_String name;
+    // 1 when the directive names the file between angle brackets (a system
+    // IDL file, whose generated headers keep the standard extension),
+    // 0 when it names it between double quotes.
+    long flag;
+};
+
+class IDL_GlobalData {
+public:
+    IDL_GlobalData(std::unique_ptr<AST_Root> root, std::string main_file, std::string prog_name);
+    ~IDL_GlobalData();
+    IDL_GlobalData(const IDL_GlobalData&) = delete;
+    IDL_GlobalData& operator=(const IDL_GlobalData&) = delete;
+
+    AST_Root* root() const { return m_root.get(); }
+    // The main file's path as given on the command line.
+    UTL_String* main_filename() { return &m_main_file; }
+    // The main file's name without its directories: "foo.idl" for "a/b/foo.idl".
+    UTL_String* stripped_filename() { return &m_stripped; }
+    // The compiler's program name, for messages.
+    const char* prog_name() const { return m_prog_name.c_str(); }
+
+    // The files the main file includes directly, in directive order, each
+    // once. (Files they include in turn are not listed.)
+    const std::vector<IDL_IncludedFile>& included_files() const { return m_included; }
+    long n_included_files() const { return static_cast<long>(m_included.size()); }
+    void add_included_file(std::string written_name, long flag);
+
+private:
+    std::unique_ptr<AST_Root> m_root;
+    UTL_String m_main_file;
+    UTL_String m_stripped;
+    std::string m_prog_name;
+    std::vector<IDL_IncludedFile> m_included;
+};
+
+#endif

@@ -1,0 +1,31 @@
+#include "UTL_Scope.h"
+
+#include "AST_Decl.h"
+
+UTL_Scope::~UTL_Scope() = default;
+
+AST_Decl* UTL_Scope::add_decl(std::unique_ptr<AST_Decl> d)
+{
+    d->set_defined_in(this);
+    m_decls.push_back(std::move(d));
+    return m_decls.back().get();
+}
+
+AST_Decl* UTL_Scope::add_local_type(std::unique_ptr<AST_Decl> t)
+{
+    t->set_defined_in(this);
+    m_local_types.push_back(std::move(t));
+    return m_local_types.back().get();
+}
+
+AST_Decl* UTL_Scope::lookup_local(const std::string& name) const
+{
+    for (const auto& d : m_decls)
+        if (d->local_name()->str() == name)
+            return d.get();
+    return nullptr;
+}
+
+AST_Decl* ScopeAsDecl(UTL_Scope* s) { return s ? s->scope_as_decl() : nullptr; }
+
+UTL_Scope* DeclAsScope(AST_Decl* d) { return dynamic_cast<UTL_Scope*>(d); }

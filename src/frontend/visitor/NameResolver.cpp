@@ -1,0 +1,104 @@
+#include "NameResolver.h"
+
+#include "AST_Decl.h"
+#include "UTL_Scope.h"
+#include "Visitor_i.h"
+
+#include <ostream>
+#include <vector>
+
+namespace {
+
+// The declarations from the outermost enclosing one down to `d` itself,
+// leaving out the root.
+std::vector<AST_Decl*> name_chain(AST_Decl* d)
+{
+    std::vector<AST_Decl*> chain;
+    for (AST_Decl* cur = d; cur && cur->node_type() != AST_Decl::NT_root; cur = ScopeAsDecl(cur->defined_in()))
+        chain.push_back(cur);
+    return std::vector<AST_Decl*>(chain.rbegin(), chain.rend());
+}
+
+void write_components(std::ostream& os, const std::vector<AST_Decl*>& chain, std::size_t from, Visitor_i* v,
+                      const char* sep)
+{
+    for (std::size_t i = from; i < chain.size(); ++i) {
+        if (i > from)
+            os << sep;
+        chain[i]->accept(v);
+    }
+}
+
+} // namespace
+
+void NameResolver::resolve_clashes(AST_Decl* root)
+{
+    if (!root)
+        return;
+    m_resolved[root] = resolve(root);
+    if (UTL_Scope* s = DeclAsScope(root)) {
+        for (const auto& d : s->decls())
+            resolve_clashes(d.get());
+        for (const auto& t : s->local_types())
+            resolve_clashes(t.get());
+    }
+}
+
+std::string NameResolver::resolve(AST_Decl* d) const
+{
+    const std::string& name = d->local_name()->str();
+    return is_reserved(name) ? m_clash_prefix + name : name;
+}
+
+std::string NameResolver::local_name(AST_Decl* d)
+{
+    if (!d)
+        return std::string();
+    auto it = m_resolved.find(d);
+    return it != m_resolved.end() ? it->second : resolve(d);
+}
+
+void NameResolver::output_fully_scoped_name(std::ostream& os, AST_Decl* d)
+{
+    std::vector<AST_Decl*> chain = name_chain(d);
+    for (std::size_t i = 0; i < chain.size(); ++i) {
+        if (i > 0)
+            os << "::";
+        os << local_name(chain[i]);
+    }
+}
+
+void NameResolver::output_full_scope(std::ostream& os, AST_Decl* d)
+{
+    std::vector<AST_Decl*> chain = name_chain(d);
+    for (std::size_t i = 0; i + 1 < chain.size(); ++i)
+        os << local_name(chain[i]) << "::";
+}
+
+void NameResolver::output_fully_scoped_name_with_visitor(std::ostream& os, AST_Decl* d, Visitor_i* v, const char* sep)
+{
+    write_components(os, name_chain(d), 0, v, sep);
+}
+
+void NameResolver::output_name_in_scope_with_visitor(std::ostream& os, AST_Decl* d, UTL_Scope* from, Visitor_i* v,
+                                                     const char* sep)
+{
+    std::vector<AST_Decl*> chain = name_chain(d);
+    std::vector<AST_Decl*> from_chain = name_chain(ScopeAsDecl(from));
+    // Openings of a reopened module are one scope: compare by name.
+    bool encloses = from_chain.size() < chain.size();
+    for (std::size_t i = 0; encloses && i < from_chain.size(); ++i)
+        encloses = from_chain[i]->local_name()->str() == chain[i]->local_name()->str();
+    write_components(os, chain, encloses ? from_chain.size() : 0, v, sep);
+}
+
+const char* NameResolver::get_predef_type(AST_PredefinedType::PredefinedType pt)
+{
+    static const char* const names[] = {"long",  "unsigned long", "long long", "unsigned long long", "short",
+                                        "unsigned short", "float", "double", "long double", "char", "wchar",
+                                        "boolean", "octet", "any", "void", "TypeCode", "Principal"};
+    auto i = static_cast<std::size_t>(pt);
+    return i < sizeof(names) / sizeof(names[0]) ? names[i] : "";
+}
+
+bool NameResolver::is_reserved(const std::string&) const { return false; }
