@@ -1,0 +1,37 @@
+#include "YV_String.h"
+#include "YV_hash_string.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+TEST(YV_String, EditsInPlace)
+{
+    YV_String s("a.b.idl");
+    EXPECT_EQ(s.rfind("."), 3u);
+    EXPECT_EQ(s.substr(0, s.rfind(".")), YV_String("a.b"));
+    s.replace(s.rfind(".idl"), 4, "S.hh");
+    EXPECT_EQ(s, YV_String("a.bS.hh"));
+    s.insert(0, ".").erase(0, 1).append("!");
+    EXPECT_STREQ(s.c_str(), "a.bS.hh!");
+}
+
+TEST(YV_String, StreamsWords)
+{
+    std::istringstream in("  -xTIE\t+xAMICallbacks ");
+    YV_String a, b, c;
+    in >> a >> b;
+    EXPECT_EQ(a, YV_String("-xTIE"));
+    EXPECT_EQ(b, YV_String("+xAMICallbacks"));
+    EXPECT_FALSE(in >> c);
+}
+
+// The hash is part of the contract with the runtime: pin a few values.
+TEST(YV_hash_string, IsFnv1a64)
+{
+    EXPECT_EQ(YV_hash_string(""), 0xcbf29ce484222325ULL);
+    EXPECT_EQ(YV_hash_string("a"), 0xaf63dc4c8601ec8cULL);
+    EXPECT_EQ(YV_hash_string("foobar"), 0x85944171f73967e8ULL);
+    EXPECT_EQ(YV_hash_slot("a", 1), 0u);
+    EXPECT_EQ(YV_hash_slot("a", 16), 0xcu);
+}
