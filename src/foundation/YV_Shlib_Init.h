@@ -10,6 +10,9 @@
 // The numeric words:
 //   YV_Shlib_Flags::interface_level and YV_Shlib_Dependency::interface_level
 //     hold the interface level as 0xMMmm (major, minor): 0x201 is level 2.1.
+//     A dependency is satisfied by a library of the same major level and the
+//     same or a higher minor level; a library registered without flags (or
+//     with level 0) satisfies any level.
 //     Bit 0x10000 marks a dependency on the foundation library itself, which
 //     is always loaded first and so is never reported missing.
 //   YV_Shlib_Flags::reserved is 0.
@@ -55,10 +58,12 @@ public:
     struct Entry {
         std::string name;
         std::string version;
+        unsigned long interface_level; // 0 when the library gave no flags
     };
     // The registered libraries, in the order they were registered.
     static std::vector<Entry> registered();
-    // The version a library registered with, or null when it is not registered.
+    // The version a library registered with, or null when it is not
+    // registered. The text stays valid while the library stays registered.
     static const char* version_of(const char* name);
 
 private:

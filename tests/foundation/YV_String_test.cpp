@@ -35,3 +35,28 @@ TEST(YV_hash_string, IsFnv1a64)
     EXPECT_EQ(YV_hash_slot("a", 1), 0u);
     EXPECT_EQ(YV_hash_slot("a", 16), 0xcu);
 }
+
+TEST(YV_String, NullAndEmptyTexts)
+{
+    YV_String fromNull(static_cast<const char*>(nullptr));
+    EXPECT_TRUE(fromNull.empty());
+    EXPECT_STREQ(fromNull.c_str(), "");
+    EXPECT_EQ(fromNull, YV_String(""));
+    EXPECT_EQ(fromNull.find("x"), YV_String::npos);
+    EXPECT_EQ(fromNull.rfind('.'), YV_String::npos);
+    EXPECT_EQ(fromNull.substr(0), YV_String());
+}
+
+TEST(YV_String, ComparesAndHashesLikeItsText)
+{
+    EXPECT_LT(YV_String("abc").compare("abd"), 0);
+    EXPECT_EQ(YV_String("abc").compare("abc"), 0);
+    EXPECT_GT(YV_String("b").compare("abc"), 0);
+    EXPECT_TRUE(YV_String("a") < YV_String("b"));
+    EXPECT_NE(YV_String("a"), YV_String("A"));
+    EXPECT_EQ(std::hash<YV_String>()(YV_String("x.idl")), std::hash<std::string>()("x.idl"));
+    YV_String s = YV_String("M") + "::" + "I";
+    s += '_';
+    EXPECT_EQ(s.str(), "M::I_");
+    EXPECT_TRUE(s.contains("::"));
+}
