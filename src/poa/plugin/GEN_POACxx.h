@@ -51,6 +51,19 @@ protected:
     void code_off_switch(const char* name, long on, long off) override;
 
 private:
+    // `base` joined to `ext`: "S." between them unless `ext` holds a "."
+    // (then it is the whole suffix).
+    static YV_String skeleton_file_name(const YV_String& base, const YV_String& ext);
+    // Opens `path` for writing; on failure writes the message that `what`
+    // introduces and ends the process with status 99.
+    void open_or_exit(std::ofstream& out, const YV_String& path, const char* what) const;
+    // "#include" of one of this file's own headers: between double quotes,
+    // or between angle brackets after the include prefix when there is one.
+    void output_own_include(std::ostream& os, const YV_String& file) const;
+    // Applies one option letter of the option text.
+    void apply_option(int letter, char sign, const char* value, long on, long off);
+
+
     YV_String m_client_header_ext;
     YV_HashMap<YV_String, YV_String> m_exclude_patterns;
     long m_poa_interfaces;

@@ -8,6 +8,7 @@
 #include "NameResolver.h"
 
 #include <ostream>
+#include <sstream>
 
 POA_OutputVisitor::POA_OutputVisitor(std::ostream& os, NameResolver& resolver)
     : Visitor_i(nullptr, nullptr), DefaultOutputVisitor(os, resolver)
@@ -27,3 +28,28 @@ long POA_OutputVisitor::visit_AST_Interface(AST_Interface* n) { return write_poa
 long POA_OutputVisitor::visit_AST_InterfaceFwd(AST_InterfaceFwd* n) { return write_poa_name(n); }
 long POA_OutputVisitor::visit_AST_AbstractInterface(AST_Interface* n) { return write_poa_name(n); }
 long POA_OutputVisitor::visit_AST_Value(AST_Value* n) { return write_poa_name(n); }
+
+std::string POA_OutputVisitor::skeleton_name(NameResolver& resolver, AST_Decl* d)
+{
+    std::ostringstream text;
+    POA_OutputVisitor names(text, resolver);
+    d->accept(&names);
+    return text.str();
+}
+
+std::string POA_OutputVisitor::skeleton_name_in_scope(NameResolver& resolver, AST_Decl* d, UTL_Scope* from,
+                                                      const char* sep)
+{
+    std::ostringstream text;
+    POA_OutputVisitor names(text, resolver);
+    resolver.output_name_in_scope_with_visitor(text, d, from, &names, sep);
+    return text.str();
+}
+
+std::string POA_OutputVisitor::skeleton_scoped_name(NameResolver& resolver, AST_Decl* d, const char* sep)
+{
+    std::ostringstream text;
+    POA_OutputVisitor names(text, resolver);
+    resolver.output_fully_scoped_name_with_visitor(text, d, &names, sep);
+    return text.str();
+}

@@ -1,0 +1,25 @@
+#include "VIS_POA_HH.h"
+
+#include "VE_POA_HH_CBE_Specific.h"
+#include "VE_POA_HH_Default.h"
+#include "VE_POA_HH_Interface.h"
+#include "VE_POA_HH_Module.h"
+#include "VE_POA_HH_Root.h"
+#include "VE_POA_HH_Value.h"
+#include "VIS_POA_HH_Factory.h"
+
+VIS_POA_HH::VIS_POA_HH(std::ostream& os, int level, UTL_Scope* scope, CodeGenerator* gen)
+    : Visitor_i(scope, gen), VIS_Cxx(os, level, scope, gen)
+{
+    // The element table takes each emitter over and deletes it with the visitor.
+    add_element(Visitor::rootKey, new VE_POA_HH_Root(this));
+    add_element(Visitor::moduleKey, new VE_POA_HH_Module(this));
+    add_element(Visitor::interfaceKey, new VE_POA_HH_Interface(this));
+    add_element(Visitor::valueKey, new VE_POA_HH_Value(this));
+    add_element(Visitor::valueBoxKey, new VE_POA_HH_Default(this));
+    add_element(Visitor::CBE_specificKey, new VE_POA_HH_CBE_Specific(this));
+}
+
+VIS_POA_HH::~VIS_POA_HH() = default;
+
+const char* VIS_POA_HH::name() { return VIS_POA_HH_Factory::FFKey; }
