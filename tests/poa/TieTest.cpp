@@ -1,0 +1,107 @@
+// TIE class templates: the second pass over the skeleton header.
+#include "HeaderGolden.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using poatest::HeaderScenario;
+
+const char* const EXAMPLE_IDL = R"(module M {
+    interface B {
+    };
+    interface D : B {
+        long op(in long x);
+        readonly attribute long ro;
+        attribute long rw;
+    };
+};
+)";
+
+// Forwarders of every shape: no, one and several arguments, void and
+// non-void results (a typedef result included), readonly and writable
+// attributes; an interface without members; a local interface; nesting.
+const char* const MEMBERS_IDL = R"(typedef long Count;
+interface Ops {
+    void none();
+    long one(in long a);
+    string several(in string a, out long b, inout double c);
+    void three(in long a, in long b, in long c);
+    readonly attribute long ro;
+    attribute string rw;
+};
+interface Empty {
+};
+local interface Near {
+    void f();
+};
+interface Both : Ops, Empty {
+    Count count();
+};
+module Outer {
+    module Inner {
+        interface Deep : ::Ops {
+        };
+    };
+};
+)";
+
+const char* const INCLUDING_IDL = R"(#include "inc.idl"
+module X {
+    interface W {
+    };
+};
+)";
+const char* const INCLUDED_IDL = R"(module X {
+    interface Y {
+    };
+};
+interface Z {
+};
+)";
+
+class TieGolden : public testing::TestWithParam<HeaderScenario> {};
+
+TEST_P(TieGolden, MatchesGoldenFile) { poatest::expect_header_golden(GetParam()); }
+
+const HeaderScenario TIE_SCENARIOS[] = {
+    {"tie_example", EXAMPLE_IDL, "-xTIE"},
+    {"tie_members", MEMBERS_IDL, "-xTIE"},
+    {"tie_included", INCLUDING_IDL, "-xTIE", {{"inc.idl", INCLUDED_IDL}}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Tie, TieGolden, testing::ValuesIn(TIE_SCENARIOS),
+                         [](const testing::TestParamInfo<HeaderScenario>& info) { return info.param.name; });
+
+TEST(Tie, OffWritesNoTemplateAndIncludesPortableServer)
+{
+    poatest::PoaRun run = poatest::run_poa(EXAMPLE_IDL, nullptr);
+    EXPECT_EQ(run.hh.find("template<"), std::string::npos);
+    EXPECT_EQ(run.hh.find("poa_tie_base.h"), std::string::npos);
+    EXPECT_NE(run.hh.find("#include <omg/PortableServer.hh>\n"), std::string::npos);
+}
+
+TEST(Tie, PoaInterfacesOffWritesNoTemplate)
+{
+    poatest::PoaRun run = poatest::run_poa(EXAMPLE_IDL, "-xTIE:-xPOAInterfaces");
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.hh.find("template<"), std::string::npos);
+    EXPECT_NE(run.hh.find("#include <zantic_sys/poa_tie_base.h>\n"), std::string::npos);
+}
+
+// The TIE text follows all skeleton text and comes before the guard's end.
+TEST(Tie, TemplatesComeAfterSkeletonsAndBeforeEndif)
+{
+    poatest::PoaRun run = poatest::run_poa(EXAMPLE_IDL, "-xTIE");
+    std::size_t last_skeleton = run.hh.rfind("namespace POA_M");
+    std::size_t first_tie = run.hh.find("template<class _YV_Cxx_T_>");
+    std::size_t endif = run.hh.rfind("#endif\n");
+    ASSERT_NE(first_tie, std::string::npos);
+    EXPECT_LT(last_skeleton, first_tie);
+    EXPECT_LT(first_tie, endif);
+    EXPECT_EQ(endif + 7, run.hh.size());
+}
+
+} // namespace
