@@ -12,4 +12,8 @@ std::string yvlocalvar(const char* word);  // "_yvl_" word
 std::string yvtmpvar(const char* name);    // "_yvt_" name
 std::string yvstrmvar(const char* name);   // "_yvs_" name
 
+// `format` with its first "%s" replaced by `name` and every "%%" by "%",
+// as printf would write it (parameter-name formats such as "_yvvar_%s").
+std::string apply_name_format(const std::string& format, const std::string& name);
+
 #endif

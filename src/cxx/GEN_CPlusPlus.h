@@ -76,6 +76,20 @@ public:
     // replaced by '_', and a leading '_' added when it begins with a digit.
     static YV_String make_legal_alpha_numeric_var(const YV_String& text);
 
+    // Writes one line per -x switch name that code_off_switch knows, with
+    // what it does (for the driver's --help).
+    static void print_switches(std::ostream& os);
+    // Writes the usage lines of the base generator's options.
+    static void print_usage(std::ostream& os);
+
+    // Read-only views of the file settings.
+    const YV_String& header_ext() const { return m_header_ext; }
+    const YV_String& stub_ext() const { return m_stub_ext; }
+    const YV_String& header_dir() const { return m_header_dir; }
+    const YV_String& stub_dir() const { return m_stub_dir; }
+    const YV_String& include_prefix() const { return m_include_prefix; }
+    const YV_String& declspec_name() const { return m_declspec_name; }
+
 protected:
     // File naming (extensions are held without a leading '.').
     YV_String m_header_ext;            // default "hh"

@@ -1,7 +1,10 @@
 // Writes an attribute's reader and writer declarations, in the layout of
 // VE_HH_OpDecl: the reader takes no parameter; the writer returns void and
 // takes one in parameter named by `param_format` applied to the attribute's
-// local name. Neither ends its own last line.
+// local name. The reader never ends its own last line. The writer ends it
+// when an extra visit is given (a complete declaration such as a pure
+// virtual one, after which the caller writes the next member); without
+// extra visits it stops at ")" so that a body can follow on the next line.
 #ifndef VE_HH_ATTRDECL_H
 #define VE_HH_ATTRDECL_H
 

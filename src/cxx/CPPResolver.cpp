@@ -1,0 +1,60 @@
+#include "CPPResolver.h"
+
+#include <iterator>
+#include <set>
+
+namespace {
+
+// Every keyword of C++ up to C++20 and the alternative tokens.
+const char* const cxx_keywords[] = {
+    "alignas",   "alignof",      "and",       "and_eq",      "asm",          "auto",
+    "bitand",    "bitor",        "bool",      "break",       "case",         "catch",
+    "char",      "char16_t",     "char32_t",  "char8_t",     "class",        "co_await",
+    "co_return", "co_yield",     "compl",     "concept",     "const",        "const_cast",
+    "consteval", "constexpr",    "constinit", "continue",    "decltype",     "default",
+    "delete",    "do",           "double",    "dynamic_cast", "else",        "enum",
+    "explicit",  "export",       "extern",    "false",       "float",        "for",
+    "friend",    "goto",         "if",        "inline",      "int",          "long",
+    "mutable",   "namespace",    "new",       "noexcept",    "not",          "not_eq",
+    "nullptr",   "operator",     "or",        "or_eq",       "private",      "protected",
+    "public",    "register",     "reinterpret_cast", "requires", "return",   "short",
+    "signed",    "sizeof",       "static",    "static_assert", "static_cast", "struct",
+    "switch",    "template",     "this",      "thread_local", "throw",       "true",
+    "try",       "typedef",      "typeid",    "typename",    "union",        "unsigned",
+    "using",     "virtual",      "void",      "volatile",    "wchar_t",      "while",
+    "xor",       "xor_eq",
+};
+
+} // namespace
+
+bool CPPResolver::is_cxx_keyword(const std::string& name)
+{
+    static const std::set<std::string> keywords(std::begin(cxx_keywords), std::end(cxx_keywords));
+    return keywords.count(name) != 0;
+}
+
+bool CPPResolver::is_reserved(const std::string& name) const { return is_cxx_keyword(name); }
+
+const char* CPPResolver::get_predef_type(AST_PredefinedType::PredefinedType pt)
+{
+    switch (pt) {
+    case AST_PredefinedType::PT_long: return "CORBA::Long";
+    case AST_PredefinedType::PT_ulong: return "CORBA::ULong";
+    case AST_PredefinedType::PT_longlong: return "CORBA::LongLong";
+    case AST_PredefinedType::PT_ulonglong: return "CORBA::ULongLong";
+    case AST_PredefinedType::PT_short: return "CORBA::Short";
+    case AST_PredefinedType::PT_ushort: return "CORBA::UShort";
+    case AST_PredefinedType::PT_float: return "CORBA::Float";
+    case AST_PredefinedType::PT_double: return "CORBA::Double";
+    case AST_PredefinedType::PT_longdouble: return "CORBA::LongDouble";
+    case AST_PredefinedType::PT_char: return "CORBA::Char";
+    case AST_PredefinedType::PT_wchar: return "CORBA::WChar";
+    case AST_PredefinedType::PT_boolean: return "CORBA::Boolean";
+    case AST_PredefinedType::PT_octet: return "CORBA::Octet";
+    case AST_PredefinedType::PT_any: return "CORBA::Any";
+    case AST_PredefinedType::PT_void: return "void";
+    case AST_PredefinedType::PT_typecode: return "CORBA::TypeCode_ptr";
+    case AST_PredefinedType::PT_principal: return "CORBA::Principal_ptr";
+    }
+    return "";
+}

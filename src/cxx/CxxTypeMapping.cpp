@@ -1,0 +1,348 @@
+#include "CxxTypeMapping.h"
+
+#include "AST_Array.h"
+#include "AST_Fixed.h"
+#include "AST_InterfaceFwd.h"
+#include "AST_PredefinedType.h"
+#include "AST_String.h"
+#include "AST_StructFwd.h"
+#include "AST_Typedef.h"
+#include "AST_UnionFwd.h"
+#include "AST_ValueFwd.h"
+#include "CxxTypeQueries.h"
+#include "DefaultOutputVisitor.h"
+#include "NameResolver.h"
+#include "UTL_Scope.h"
+
+#include <sstream>
+
+namespace {
+
+// The C++ type of a predefined type, without the "_ptr" of the pseudo
+// objects (which the forms add).
+const char* predefined_base(AST_PredefinedType::PredefinedType pt)
+{
+    switch (pt) {
+    case AST_PredefinedType::PT_long: return "CORBA::Long";
+    case AST_PredefinedType::PT_ulong: return "CORBA::ULong";
+    case AST_PredefinedType::PT_longlong: return "CORBA::LongLong";
+    case AST_PredefinedType::PT_ulonglong: return "CORBA::ULongLong";
+    case AST_PredefinedType::PT_short: return "CORBA::Short";
+    case AST_PredefinedType::PT_ushort: return "CORBA::UShort";
+    case AST_PredefinedType::PT_float: return "CORBA::Float";
+    case AST_PredefinedType::PT_double: return "CORBA::Double";
+    case AST_PredefinedType::PT_longdouble: return "CORBA::LongDouble";
+    case AST_PredefinedType::PT_char: return "CORBA::Char";
+    case AST_PredefinedType::PT_wchar: return "CORBA::WChar";
+    case AST_PredefinedType::PT_boolean: return "CORBA::Boolean";
+    case AST_PredefinedType::PT_octet: return "CORBA::Octet";
+    case AST_PredefinedType::PT_any: return "CORBA::Any";
+    case AST_PredefinedType::PT_void: return "void";
+    case AST_PredefinedType::PT_typecode: return "CORBA::TypeCode";
+    case AST_PredefinedType::PT_principal: return "CORBA::Principal";
+    }
+    return "";
+}
+
+// The streamable class of a basic predefined type.
+const char* basic_streamable(AST_PredefinedType::PredefinedType pt)
+{
+    switch (pt) {
+    case AST_PredefinedType::PT_long: return "YV_Cxx::LongStreamable";
+    case AST_PredefinedType::PT_ulong: return "YV_Cxx::ULongStreamable";
+    case AST_PredefinedType::PT_longlong: return "YV_Cxx::LongLongStreamable";
+    case AST_PredefinedType::PT_ulonglong: return "YV_Cxx::ULongLongStreamable";
+    case AST_PredefinedType::PT_short: return "YV_Cxx::ShortStreamable";
+    case AST_PredefinedType::PT_ushort: return "YV_Cxx::UShortStreamable";
+    case AST_PredefinedType::PT_float: return "YV_Cxx::FloatStreamable";
+    case AST_PredefinedType::PT_double: return "YV_Cxx::DoubleStreamable";
+    case AST_PredefinedType::PT_longdouble: return "YV_Cxx::LongDoubleStreamable";
+    case AST_PredefinedType::PT_char: return "YV_Cxx::CharStreamable";
+    case AST_PredefinedType::PT_wchar: return "YV_Cxx::WCharStreamable";
+    case AST_PredefinedType::PT_boolean: return "YV_Cxx::BooleanStreamable";
+    case AST_PredefinedType::PT_octet: return "YV_Cxx::OctetStreamable";
+    default: return "";
+    }
+}
+
+// The runtime's type code constant of a predefined type.
+const char* predefined_typecode(AST_PredefinedType::PredefinedType pt)
+{
+    switch (pt) {
+    case AST_PredefinedType::PT_long: return "CORBA::_tc_long";
+    case AST_PredefinedType::PT_ulong: return "CORBA::_tc_ulong";
+    case AST_PredefinedType::PT_longlong: return "CORBA::_tc_longlong";
+    case AST_PredefinedType::PT_ulonglong: return "CORBA::_tc_ulonglong";
+    case AST_PredefinedType::PT_short: return "CORBA::_tc_short";
+    case AST_PredefinedType::PT_ushort: return "CORBA::_tc_ushort";
+    case AST_PredefinedType::PT_float: return "CORBA::_tc_float";
+    case AST_PredefinedType::PT_double: return "CORBA::_tc_double";
+    case AST_PredefinedType::PT_longdouble: return "CORBA::_tc_longdouble";
+    case AST_PredefinedType::PT_char: return "CORBA::_tc_char";
+    case AST_PredefinedType::PT_wchar: return "CORBA::_tc_wchar";
+    case AST_PredefinedType::PT_boolean: return "CORBA::_tc_boolean";
+    case AST_PredefinedType::PT_octet: return "CORBA::_tc_octet";
+    case AST_PredefinedType::PT_any: return "CORBA::_tc_any";
+    case AST_PredefinedType::PT_void: return "CORBA::_tc_void";
+    case AST_PredefinedType::PT_typecode: return "CORBA::_tc_TypeCode";
+    case AST_PredefinedType::PT_principal: return "CORBA::_tc_Principal";
+    }
+    return "CORBA::_tc_null";
+}
+
+} // namespace
+
+AST_Type* CxxTypeMapping::resolved(AST_Type* t)
+{
+    for (int guard = 0; t && guard < 1000; ++guard) {
+        if (AST_Typedef* td = AST_Typedef::narrow_from_decl(t))
+            t = td->base_type();
+        else if (AST_InterfaceFwd* f = AST_InterfaceFwd::narrow_from_decl(t); f && f->full_definition())
+            t = f->full_definition();
+        else if (AST_ValueFwd* f = AST_ValueFwd::narrow_from_decl(t); f && f->full_definition())
+            t = f->full_definition();
+        else if (AST_StructFwd* f = AST_StructFwd::narrow_from_decl(t); f && f->full_definition())
+            t = f->full_definition();
+        else if (AST_UnionFwd* f = AST_UnionFwd::narrow_from_decl(t); f && f->full_definition())
+            t = f->full_definition();
+        else
+            return t;
+    }
+    return t;
+}
+
+CxxTypeMapping::Kind CxxTypeMapping::kind_of(AST_Type* t)
+{
+    AST_Type* r = resolved(t);
+    if (!r)
+        return K_unknown;
+    switch (r->node_type()) {
+    case AST_Decl::NT_pre_defined:
+        switch (AST_PredefinedType::narrow_from_decl(r)->pt()) {
+        case AST_PredefinedType::PT_void: return K_void;
+        case AST_PredefinedType::PT_any: return K_any;
+        case AST_PredefinedType::PT_typecode: return K_typecode;
+        case AST_PredefinedType::PT_principal: return K_principal;
+        default: return K_basic;
+        }
+    case AST_Decl::NT_string: return AST_String::narrow_from_decl(r)->is_wide() ? K_wstring : K_string;
+    case AST_Decl::NT_object: return K_object;
+    case AST_Decl::NT_interface:
+    case AST_Decl::NT_interface_fwd: return K_interface;
+    case AST_Decl::NT_enum: return K_enum;
+    case AST_Decl::NT_struct:
+    case AST_Decl::NT_struct_fwd: return K_struct;
+    case AST_Decl::NT_union:
+    case AST_Decl::NT_union_fwd: return K_union;
+    case AST_Decl::NT_sequence: return K_sequence;
+    case AST_Decl::NT_array: return K_array;
+    case AST_Decl::NT_fixed: return K_fixed;
+    case AST_Decl::NT_value:
+    case AST_Decl::NT_value_fwd:
+    case AST_Decl::NT_value_box: return K_value;
+    case AST_Decl::NT_valuebase: return K_valuebase;
+    case AST_Decl::NT_native: return K_native;
+    case AST_Decl::NT_except: return K_exception;
+    default: return K_unknown;
+    }
+}
+
+CxxTypeMapping::Mode CxxTypeMapping::mode_of(AST_Argument::Direction d)
+{
+    switch (d) {
+    case AST_Argument::dir_OUT: return M_out;
+    case AST_Argument::dir_INOUT: return M_inout;
+    default: return M_in;
+    }
+}
+
+unsigned long CxxTypeMapping::string_bound(AST_Type* t)
+{
+    AST_String* s = AST_String::narrow_from_decl(resolved(t));
+    return s ? s->max_size() : 0;
+}
+
+std::string CxxTypeMapping::scoped_name(AST_Decl* d) const
+{
+    std::ostringstream os;
+    DefaultOutputVisitor plain(os, m_resolver);
+    if (m_from)
+        m_resolver.output_name_in_scope_with_visitor(os, d, m_from, &plain, "::");
+    else
+        m_resolver.output_fully_scoped_name_with_visitor(os, d, &plain, "::");
+    return os.str();
+}
+
+std::string CxxTypeMapping::scope_prefix(AST_Decl* d) const
+{
+    std::string full = scoped_name(d);
+    std::string local = m_resolver.local_name(d);
+    return full.size() > local.size() ? full.substr(0, full.size() - local.size()) : std::string();
+}
+
+std::string CxxTypeMapping::name(AST_Type* declared) const
+{
+    if (!declared)
+        return "void";
+    switch (declared->node_type()) {
+    case AST_Decl::NT_pre_defined: return predefined_base(AST_PredefinedType::narrow_from_decl(declared)->pt());
+    case AST_Decl::NT_string: return AST_String::narrow_from_decl(declared)->is_wide() ? "CORBA::WChar*" : "char*";
+    case AST_Decl::NT_object: return "CORBA::Object";
+    case AST_Decl::NT_valuebase: return "CORBA::ValueBase";
+    case AST_Decl::NT_fixed: return "CORBA::Fixed";
+    case AST_Decl::NT_interface_fwd:
+    case AST_Decl::NT_value_fwd:
+    case AST_Decl::NT_struct_fwd:
+    case AST_Decl::NT_union_fwd: {
+        AST_Type* full = resolved(declared);
+        return scoped_name(full && full != declared ? full : declared);
+    }
+    default: return scoped_name(declared);
+    }
+}
+
+std::string CxxTypeMapping::param(AST_Type* t, Mode m) const
+{
+    const std::string n = name(t);
+    switch (kind_of(t)) {
+    case K_void: return "void";
+    case K_basic:
+    case K_enum:
+        return m == M_in || m == M_return ? n : m == M_inout ? n + "&" : n + "_out";
+    case K_string:
+    case K_wstring: {
+        const std::string ch = kind_of(t) == K_wstring ? "CORBA::WChar" : "char";
+        switch (m) {
+        case M_in: return "const " + ch + "*";
+        case M_inout: return ch + "*&";
+        case M_out: return kind_of(t) == K_wstring ? "CORBA::WString_out" : "CORBA::String_out";
+        case M_return: return ch + "*";
+        }
+        break;
+    }
+    case K_any:
+        return m == M_in ? "const " + n + "&" : m == M_inout ? n + "&" : m == M_out ? n + "_out" : n + "*";
+    case K_typecode:
+    case K_principal:
+    case K_object:
+    case K_interface:
+        return m == M_inout ? n + "_ptr&" : m == M_out ? n + "_out" : n + "_ptr";
+    case K_struct:
+    case K_union:
+    case K_sequence: {
+        const bool fixed = kind_of(t) != K_sequence && isFixedLength(t);
+        switch (m) {
+        case M_in: return "const " + n + "&";
+        case M_inout: return n + "&";
+        case M_out: return fixed ? n + "&" : n + "_out";
+        case M_return: return fixed ? n : n + "*";
+        }
+        break;
+    }
+    case K_array:
+        switch (m) {
+        case M_in: return "const " + n;
+        case M_inout: return n;
+        case M_out: return isFixedLength(t) ? n : n + "_out";
+        case M_return: return n + "_slice*";
+        }
+        break;
+    case K_fixed:
+        return m == M_in ? "const " + n + "&" : m == M_return ? n : n + "&";
+    case K_value:
+    case K_valuebase:
+        return m == M_inout ? n + "*&" : m == M_out ? n + "_out" : n + "*";
+    case K_native:
+    case K_exception:
+    case K_unknown:
+        return m == M_in || m == M_return ? n : n + "&";
+    }
+    return n;
+}
+
+std::string CxxTypeMapping::storage(AST_Type* t, Mode m) const
+{
+    const std::string n = name(t);
+    switch (kind_of(t)) {
+    case K_void: return "void";
+    case K_string: return "char*";
+    case K_wstring: return "CORBA::WChar*";
+    case K_any: return m == M_in || m == M_inout ? n : n + "*";
+    case K_typecode:
+    case K_principal:
+    case K_object:
+    case K_interface: return n + "_ptr";
+    case K_struct:
+    case K_union:
+    case K_sequence:
+        if (m == M_in || m == M_inout || (kind_of(t) != K_sequence && isFixedLength(t)))
+            return n;
+        return n + "*";
+    case K_array:
+        if (m == M_in || m == M_inout || isFixedLength(t))
+            return n;
+        return n + "_slice*";
+    case K_value:
+    case K_valuebase: return n + "*";
+    default: return n;
+    }
+}
+
+std::string CxxTypeMapping::streamable(AST_Type* t) const
+{
+    const std::string n = name(t);
+    AST_Type* r = resolved(t);
+    switch (kind_of(t)) {
+    case K_basic: return basic_streamable(AST_PredefinedType::narrow_from_decl(r)->pt());
+    case K_string: return "YV_Cxx::StringStreamable";
+    case K_wstring: return "YV_Cxx::WStringStreamable";
+    case K_any: return "YV_Cxx::AnyStreamable";
+    case K_typecode: return "YV_Cxx::TypeCodeStreamable";
+    case K_principal: return "YV_Cxx::PrincipalStreamable";
+    case K_object: return "YV_Cxx::ObjectStreamable";
+    case K_valuebase: return "YV_Cxx::ValueBaseStreamable";
+    case K_interface: return "YV_Cxx::ObjrefStreamable<" + n + ">";
+    case K_enum: return "YV_Cxx::EnumStreamable<" + n + ">";
+    case K_struct: return "YV_Cxx::StructStreamable<" + n + ">";
+    case K_union: return "YV_Cxx::UnionStreamable<" + n + ">";
+    case K_sequence: return "YV_Cxx::SequenceStreamable<" + n + ">";
+    case K_array: return "YV_Cxx::ArrayStreamable<" + n + "_slice, " + n + "_forany>";
+    case K_fixed: return "YV_Cxx::FixedStreamable<" + n + ">";
+    case K_value: return "YV_Cxx::ValueStreamable<" + n + ">";
+    case K_native: return "YV_Cxx::NativeStreamable<" + n + ">";
+    default: return std::string();
+    }
+}
+
+std::string CxxTypeMapping::anonymous_string_tc_name(AST_Type* t)
+{
+    AST_String* s = AST_String::narrow_from_decl(resolved(t));
+    if (!s)
+        return std::string();
+    return std::string(s->is_wide() ? "_yv_tc_wstring_" : "_yv_tc_string_") + std::to_string(s->max_size());
+}
+
+std::string CxxTypeMapping::typecode(AST_Type* t) const
+{
+    if (!t)
+        return "CORBA::_tc_void";
+    switch (t->node_type()) {
+    case AST_Decl::NT_pre_defined: return predefined_typecode(AST_PredefinedType::narrow_from_decl(t)->pt());
+    case AST_Decl::NT_string: {
+        AST_String* s = AST_String::narrow_from_decl(t);
+        if (s->max_size() == 0)
+            return s->is_wide() ? "CORBA::_tc_wstring" : "CORBA::_tc_string";
+        return anonymous_string_tc_name(t);
+    }
+    case AST_Decl::NT_object: return "CORBA::_tc_Object";
+    case AST_Decl::NT_valuebase: return "CORBA::_tc_ValueBase";
+    case AST_Decl::NT_sequence:
+    case AST_Decl::NT_array:
+    case AST_Decl::NT_fixed: return "CORBA::_tc_null";
+    default: {
+        AST_Type* full = resolved(t);
+        AST_Decl* named = t->node_type() == AST_Decl::NT_typedef || !full ? t : full;
+        return scope_prefix(named) + "_tc_" + m_resolver.local_name(named);
+    }
+    }
+}

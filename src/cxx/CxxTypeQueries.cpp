@@ -1,0 +1,94 @@
+#include "CxxTypeQueries.h"
+
+#include "AST_Argument.h"
+#include "AST_Array.h"
+#include "AST_Attribute.h"
+#include "AST_Operation.h"
+#include "AST_PredefinedType.h"
+#include "AST_String.h"
+#include "AST_StructFwd.h"
+#include "AST_Structure.h"
+#include "AST_Typedef.h"
+#include "AST_Union.h"
+#include "AST_UnionBranch.h"
+#include "AST_UnionFwd.h"
+#include "CxxTypeMapping.h"
+#include "UTL_Scope.h"
+
+#include <set>
+
+namespace {
+
+bool is_native(AST_Type* t) { return t && CxxTypeMapping::kind_of(t) == CxxTypeMapping::K_native; }
+
+// `open` holds the aggregates being examined further up, so that a
+// structure reached again through its own members ends the descent.
+bool fixed_length(AST_Type* t, std::set<AST_Decl*>& open)
+{
+    AST_Type* r = CxxTypeMapping::resolved(t);
+    if (!r)
+        return true;
+    switch (CxxTypeMapping::kind_of(r)) {
+    case CxxTypeMapping::K_void:
+    case CxxTypeMapping::K_basic:
+    case CxxTypeMapping::K_enum:
+    case CxxTypeMapping::K_fixed:
+        return true;
+    case CxxTypeMapping::K_array:
+        return fixed_length(AST_Array::narrow_from_decl(r)->base_type(), open);
+    case CxxTypeMapping::K_struct:
+    case CxxTypeMapping::K_union:
+    case CxxTypeMapping::K_exception: {
+        if (!open.insert(r).second)
+            return false;
+        bool fixed = true;
+        for (const auto& d : DeclAsScope(r)->decls()) {
+            AST_Field* f = AST_Field::narrow_from_decl(d.get());
+            if (f && !fixed_length(f->field_type(), open)) {
+                fixed = false;
+                break;
+            }
+        }
+        open.erase(r);
+        return fixed;
+    }
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+bool op_has_natives(AST_Operation* op)
+{
+    if (!op)
+        return false;
+    if (is_native(op->return_type()))
+        return true;
+    for (const auto& d : op->decls()) {
+        AST_Argument* a = AST_Argument::narrow_from_decl(d.get());
+        if (a && is_native(a->field_type()))
+            return true;
+    }
+    return false;
+}
+
+bool attr_has_natives(AST_Attribute* a) { return a && is_native(a->field_type()); }
+
+bool isFixedLength(AST_Type* t)
+{
+    std::set<AST_Decl*> open;
+    return fixed_length(t, open);
+}
+
+bool isRootScope(UTL_Scope* s)
+{
+    AST_Decl* d = ScopeAsDecl(s);
+    return d && d->node_type() == AST_Decl::NT_root;
+}
+
+const char* wchar_or_char(AST_Type* string_type)
+{
+    AST_String* s = AST_String::narrow_from_decl(CxxTypeMapping::resolved(string_type));
+    return s && s->is_wide() ? "CORBA::WChar" : "char";
+}

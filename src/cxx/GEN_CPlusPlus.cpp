@@ -1,0 +1,340 @@
+#include "GEN_CPlusPlus.h"
+
+#include "CPPResolver.h"
+#include "IDL_GlobalData.h"
+#include "UTL_ArgParser.h"
+#include "VIS_Client_DeclDispStreamable_Factory.h"
+#include "VIS_Client_DeclareArgs_Factory.h"
+#include "VIS_Client_DeclareArgs_Typedef_Factory.h"
+#include "VIS_Client_DeclareAsst_Factory.h"
+#include "VIS_Client_DeclareFullAsstForTypedef_Factory.h"
+#include "VIS_Client_SetTypeCode_Factory.h"
+#include "VIS_Client_TypeCode_Factory.h"
+#include "VIS_HH_ABC_OpArg_Typedef_Factory.h"
+#include "VIS_HH_ABC_OpReturn_Factory.h"
+#include "VIS_HH_ABC_OpReturn_Typedef_Factory.h"
+#include "VIS_HH_ABC_OperationArg_Factory.h"
+#include "YV_Config.h"
+#include "YV_File.h"
+
+#include <cctype>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <memory>
+
+#ifndef YV_VERSION_TEXT
+#define YV_VERSION_TEXT "unknown"
+#endif
+
+char GEN_CPlusPlus::_narrow_tag = 0;
+
+namespace {
+
+// One -x switch of the base generator, for the usage text. Each name reads
+// the way "-x<Name>" changes the generator (code_off_switch).
+struct CxxSwitch {
+    const char* name;
+    const char* help;
+};
+
+const CxxSwitch cxx_switches[] = {
+    {"AMICallbacks", "generate the asynchronous (AMI) reply-handler callbacks; +xAMICallbacks turns them off"},
+    {"AMIPolling", "include the Messaging support for AMI pollers"},
+    {"NoNamespaces", "map IDL modules to nested classes instead of C++ namespaces"},
+    {"NoDispatch", "write no operation dispatch functions or lookup tables"},
+    {"RTTI", "narrow servants with dynamic_cast instead of narrow tags"},
+    {"EnforceRaises", "let only system exceptions and the raised user exceptions leave a dispatch function"},
+    {"Declspecs", "write export macros on generated classes"},
+};
+
+// An extension joined to a base name: "." then the extension, unless the
+// extension holds a "." already (then it is the whole suffix).
+YV_String with_extension(const YV_String& base, const YV_String& ext)
+{
+    return ext.contains(".") ? base + ext.str() : base + ("." + ext.str());
+}
+
+// A directory as it is joined to file names: ending in the separator.
+YV_String as_directory(const char* text)
+{
+    YV_String dir(text ? text : "");
+    if (!dir.empty() && dir[dir.length() - 1] != YV_File::SEPARATOR)
+        dir += YV_File::SEPARATOR;
+    return dir;
+}
+
+} // namespace
+
+GEN_CPlusPlus::GEN_CPlusPlus() : m_header_ext("hh"), m_stub_ext("cxx"), m_standard_header_ext("hh") {}
+
+GEN_CPlusPlus::~GEN_CPlusPlus() = default;
+
+VisitorFF* GEN_CPlusPlus::visitorFF() { return &m_visitor_ff; }
+
+void GEN_CPlusPlus::set_options(const char* text) { set_options(text, 1, 0); }
+
+void GEN_CPlusPlus::clear_options(const char* text) { set_options(text, 0, 1); }
+
+void GEN_CPlusPlus::set_options(const char* text, long on, long off)
+{
+    if (!text)
+        return;
+    UTL_ArgParser parser;
+    parser.initGetOptString(text);
+    for (int letter = parser.getOptString("h:c:s:i:d:O:x:"); letter != -1; letter = parser.getOptString("h:c:s:i:d:O:x:")) {
+        const char* value = parser.optarg();
+        switch (letter) {
+        case 'h':
+            m_header_ext = value ? value : "";
+            break;
+        case 'c':
+        case 's':
+            m_stub_ext = value ? value : "";
+            break;
+        case 'i':
+            if (value)
+                m_include_prefix = value;
+            break;
+        case 'd':
+            m_declspecs = on;
+            if (value)
+                m_declspec_name = value;
+            break;
+        case 'O':
+            if (value && value[0] == 'h')
+                m_header_dir = as_directory(value + 1);
+            else if (value && (value[0] == 'c' || value[0] == 's'))
+                m_stub_dir = as_directory(value + 1);
+            else
+                std::cerr << "Unknown C++ generator option 'O" << (value ? std::string(value, value[0] ? 1 : 0) : "")
+                          << "'" << std::endl;
+            break;
+        case 'x':
+            code_off_switch(value ? value : "", on, off);
+            break;
+        default:
+            std::cerr << "Unknown C++ generator option '" << static_cast<char>(letter) << "'" << std::endl;
+            break;
+        }
+    }
+}
+
+void GEN_CPlusPlus::code_off_switch(const char* name, long on, long off)
+{
+    const std::string n = name ? name : "";
+    if (n == "AMICallbacks") {
+        m_ami_callbacks = on;
+        m_ami_messaging = on;
+    } else if (n == "AMIPolling") {
+        m_ami_polling = on;
+    } else if (n == "NoNamespaces") {
+        m_namespace_support = off;
+    } else if (n == "NoDispatch") {
+        m_dispatch = off;
+    } else if (n == "RTTI") {
+        m_rtti = on;
+    } else if (n == "EnforceRaises") {
+        m_enforce_raises = on;
+    } else if (n == "Declspecs") {
+        m_declspecs = on;
+    } else {
+        std::cerr << "Unknown C++ generator switch '" << n << "'" << std::endl;
+    }
+}
+
+void GEN_CPlusPlus::print_switches(std::ostream& os)
+{
+    for (const CxxSwitch& s : cxx_switches) {
+        std::string name = "-x" + std::string(s.name);
+        name.resize(name.size() < 18 ? 18 : name.size() + 1, ' ');
+        os << "  " << name << s.help << "\n";
+    }
+}
+
+void GEN_CPlusPlus::print_usage(std::ostream& os)
+{
+    os << "\t\t\tGenerates the client side of the C++ OMG Mapping.\n"
+          "\t\t\tOptions: (colon-delimited i.e. -base:-[opt]:-[opt])\n"
+          "\t\t\t-h<header-ext>  Set the header extension (default hh)\n"
+          "\t\t\t-c<stub-ext>    Set the stub extension (default cxx)\n"
+          "\t\t\t-s<stub-ext>    Same as -c\n"
+          "\t\t\t-i<path-prefix> Prepends path-prefix to generated #include's\n"
+          "\t\t\t-d[declspec]    Export macros on generated classes\n"
+          "\t\t\t-Oh<path>       Directory to place header files\n"
+          "\t\t\t-Oc<path>       Directory to place stub files\n"
+          "\t\t\t-x<Switch>      One of the switches below (+x<Switch> undoes it)\n";
+    for (const CxxSwitch& s : cxx_switches)
+        os << "\t\t\t  " << s.name << "\n";
+}
+
+void GEN_CPlusPlus::output_copyright(std::ostream& os)
+{
+    os << "// Generated by yvidl " << YV_VERSION_TEXT << " (" << plugin_name() << " back end) from IDL.\n"
+       << "// Do not edit: the file is written anew whenever its IDL file is compiled.\n"
+       << "\n";
+}
+
+const char* GEN_CPlusPlus::plugin_name() const { return "Cxx"; }
+
+void GEN_CPlusPlus::generate_client()
+{
+    setFileStrings();
+    generate_hh();
+}
+
+void GEN_CPlusPlus::generate_hh()
+{
+    if (m_base_name.empty())
+        return;
+    const YV_String path = m_header_dir + m_header_name.str();
+    std::ofstream os(path.c_str());
+    if (!os) {
+        IDL_GlobalData* data = global_data();
+        std::cerr << (data ? data->prog_name() : "yvidl") << ": Error: Could not open " << path << " for writing."
+                  << std::endl;
+        std::exit(99);
+    }
+    outputIncludes(os);
+    outputDeclSpec(os);
+    output_os_specific_header_stuff(os);
+    os << "#endif\n";
+}
+
+void GEN_CPlusPlus::generate_obv_hh() {}
+
+void GEN_CPlusPlus::generate_obv_cxx() {}
+
+void GEN_CPlusPlus::setFileStrings()
+{
+    IDL_GlobalData* data = global_data();
+    if (!data || !data->stripped_filename())
+        return;
+    const YV_String stripped(data->stripped_filename()->str());
+    const std::size_t dot = stripped.rfind('.');
+    m_base_name = dot == YV_String::npos ? stripped : stripped.substr(0, dot);
+    m_header_name = with_extension(m_base_name, m_header_ext);
+}
+
+void GEN_CPlusPlus::outputIncludes(std::ostream& os)
+{
+    const YV_String guard = "_YV_GUARD_" + make_legal_alpha_numeric_var(m_base_name).str() + "_HH_";
+    os << "#ifndef " << guard << "\n";
+    os << "#define " << guard << "\n\n";
+    output_copyright(os);
+    output_header_system_includes(os);
+    if (m_ami_messaging || m_ami_polling)
+        os << "#include <omg/Messaging.hh>\n";
+    outputIncludedIDL(os);
+    os << "\n\n";
+}
+
+void GEN_CPlusPlus::outputIncludedIDL(std::ostream& os)
+{
+    IDL_GlobalData* data = global_data();
+    if (!data)
+        return;
+    for (const IDL_IncludedFile& f : data->included_files()) {
+        YV_String name(f.name.str());
+        const std::size_t at = name.rfind(".idl");
+        if (at == YV_String::npos)
+            continue;
+        const YV_String& ext = f.flag ? m_standard_header_ext : m_header_ext;
+        name.replace(at, 4, ext.contains(".") ? ext.str() : "." + ext.str());
+        os << "#include " << name << "\n";
+    }
+}
+
+void GEN_CPlusPlus::output_header_system_includes(std::ostream& os) { os << "#include <zantic_sys/yvcxx.h>\n"; }
+
+void GEN_CPlusPlus::output_stub_system_includes(std::ostream& os) { os << "#include <zantic_sys/yvcxx.h>\n"; }
+
+void GEN_CPlusPlus::output_os_specific_header_stuff(std::ostream&) {}
+
+void GEN_CPlusPlus::output_os_specific_stub_stuff(std::ostream&) {}
+
+void GEN_CPlusPlus::output_obv_includes(std::ostream&) {}
+
+void GEN_CPlusPlus::outputDeclSpec(std::ostream& os)
+{
+    if (!m_declspecs)
+        return;
+    if (m_declspec_name.empty()) {
+        YV_String upper = make_legal_alpha_numeric_var(m_base_name);
+        for (std::size_t i = 0; i < upper.length(); ++i)
+            upper[i] = static_cast<char>(std::toupper(static_cast<unsigned char>(upper[i])));
+        m_declspec_name = upper + "_EXT_API";
+    }
+    m_declspec = m_declspec_name;
+    const std::string& m = m_declspec.str();
+    os << "\n\n"
+       << "#if !defined(" << m << ")\n"
+       << "#if defined(" << m << "_EXPORT)\n"
+       << "#define " << m << " YV_DECLSPEC_EXPORT\n"
+       << "#else\n"
+       << "#define " << m << " YV_DECLSPEC_IMPORT\n"
+       << "#endif\n"
+       << "#endif\n\n";
+}
+
+void GEN_CPlusPlus::read_config_file()
+{
+    if (const std::string* text = YV_Config::current().get(std::string("options.") + plugin_name()))
+        set_options(text->c_str());
+}
+
+void GEN_CPlusPlus::init_factory_finder()
+{
+    VisitorFF* ff = visitorFF();
+    ff->add_factory(VIS_Client_DeclareArgs_Typedef_Factory::FFKey, new VIS_Client_DeclareArgs_Typedef_Factory);
+    ff->add_factory(VIS_HH_ABC_OpReturn_Typedef_Factory::FFKey, new VIS_HH_ABC_OpReturn_Typedef_Factory);
+    ff->add_factory(VIS_HH_ABC_OpArg_Typedef_Factory::FFKey, new VIS_HH_ABC_OpArg_Typedef_Factory);
+    ff->add_factory(VIS_Client_SetTypeCode_Factory::FFKey, new VIS_Client_SetTypeCode_Factory);
+    ff->add_factory(VIS_Client_TypeCode_Factory::FFKey, new VIS_Client_TypeCode_Factory);
+    ff->add_factory(VIS_Client_DeclareAsst_Factory::FFKey, new VIS_Client_DeclareAsst_Factory);
+    ff->add_factory(VIS_Client_DeclareFullAsstForTypedef_Factory::FFKey,
+                    new VIS_Client_DeclareFullAsstForTypedef_Factory);
+    ff->add_factory(VIS_Client_DeclDispStreamable_Factory::FFKey, new VIS_Client_DeclDispStreamable_Factory);
+    ff->add_factory(VIS_Client_DeclareArgs_Factory::FFKey, new VIS_Client_DeclareArgs_Factory);
+    ff->add_factory(VIS_HH_ABC_OperationArg_Factory::FFKey, new VIS_HH_ABC_OperationArg_Factory);
+    ff->add_factory(VIS_HH_ABC_OpReturn_Factory::FFKey, new VIS_HH_ABC_OpReturn_Factory);
+}
+
+YV_String GEN_CPlusPlus::strip_out_quotes(const char* text)
+{
+    YV_String s(text ? text : "");
+    const std::size_t n = s.length();
+    if (n >= 2 && ((s[0] == '"' && s[n - 1] == '"') || (s[0] == '<' && s[n - 1] == '>')))
+        return s.substr(1, n - 2);
+    return s;
+}
+
+YV_String GEN_CPlusPlus::make_legal_alpha_numeric_var(const YV_String& text)
+{
+    YV_String out(text);
+    for (std::size_t i = 0; i < out.length(); ++i) {
+        const unsigned char c = static_cast<unsigned char>(out[i]);
+        if (!std::isalnum(c) && c != '_')
+            out[i] = '_';
+    }
+    if (!out.empty() && std::isdigit(static_cast<unsigned char>(out[0])))
+        out.insert(0, "_");
+    return out;
+}
+
+void GEN_CPlusPlus::generate(IDL_GlobalData* data, const char* options)
+{
+    set_global_data(data);
+    init_factory_finder();
+    auto resolver = std::make_unique<CPPResolver>(this);
+    resolver->set_clash_prefix("_cxx_");
+    if (data)
+        resolver->resolve_clashes(data->root());
+    set_name_resolver(resolver.get());
+    read_config_file();
+    set_options(options);
+    generate_client();
+    set_name_resolver(nullptr);
+}
+
+void* GEN_CPlusPlus::narrow(char* tag) { return tag == &_narrow_tag ? this : CodeGenerator::narrow(tag); }

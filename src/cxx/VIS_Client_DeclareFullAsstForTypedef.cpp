@@ -1,0 +1,22 @@
+#include "VIS_Client_DeclareFullAsstForTypedef.h"
+
+#include "AST_Typedef.h"
+#include "NameResolver.h"
+
+#include <ostream>
+
+VIS_Client_DeclareFullAsstForTypedef::VIS_Client_DeclareFullAsstForTypedef(std::ostream& os, int level,
+                                                                           UTL_Scope* scope, CodeGenerator* gen)
+    : Visitor_i(scope, gen), VIS_Cxx(os, level, scope, gen)
+{
+}
+
+long VIS_Client_DeclareFullAsstForTypedef::visit_type(AST_Type* t)
+{
+    if (t->node_type() != AST_Decl::NT_typedef)
+        return 1;
+    const std::string cls = mapping().streamable(t);
+    if (!cls.empty())
+        at_indent() << "typedef " << cls << " " << resolver().local_name(t) << "_Streamable;\n";
+    return 1;
+}
