@@ -44,27 +44,6 @@ const char* predefined_base(AST_PredefinedType::PredefinedType pt)
     return "";
 }
 
-// The streamable class of a basic predefined type.
-const char* basic_streamable(AST_PredefinedType::PredefinedType pt)
-{
-    switch (pt) {
-    case AST_PredefinedType::PT_long: return "YV_Cxx::LongStreamable";
-    case AST_PredefinedType::PT_ulong: return "YV_Cxx::ULongStreamable";
-    case AST_PredefinedType::PT_longlong: return "YV_Cxx::LongLongStreamable";
-    case AST_PredefinedType::PT_ulonglong: return "YV_Cxx::ULongLongStreamable";
-    case AST_PredefinedType::PT_short: return "YV_Cxx::ShortStreamable";
-    case AST_PredefinedType::PT_ushort: return "YV_Cxx::UShortStreamable";
-    case AST_PredefinedType::PT_float: return "YV_Cxx::FloatStreamable";
-    case AST_PredefinedType::PT_double: return "YV_Cxx::DoubleStreamable";
-    case AST_PredefinedType::PT_longdouble: return "YV_Cxx::LongDoubleStreamable";
-    case AST_PredefinedType::PT_char: return "YV_Cxx::CharStreamable";
-    case AST_PredefinedType::PT_wchar: return "YV_Cxx::WCharStreamable";
-    case AST_PredefinedType::PT_boolean: return "YV_Cxx::BooleanStreamable";
-    case AST_PredefinedType::PT_octet: return "YV_Cxx::OctetStreamable";
-    default: return "";
-    }
-}
-
 // The runtime's type code constant of a predefined type.
 const char* predefined_typecode(AST_PredefinedType::PredefinedType pt)
 {
@@ -291,25 +270,23 @@ std::string CxxTypeMapping::storage(AST_Type* t, Mode m) const
 std::string CxxTypeMapping::streamable(AST_Type* t) const
 {
     const std::string n = name(t);
-    AST_Type* r = resolved(t);
     switch (kind_of(t)) {
-    case K_basic: return basic_streamable(AST_PredefinedType::narrow_from_decl(r)->pt());
+    case K_basic:
+    case K_enum:
+    case K_fixed: return "YV_Cxx::BasicStreamable<" + n + ">";
     case K_string: return "YV_Cxx::StringStreamable";
     case K_wstring: return "YV_Cxx::WStringStreamable";
     case K_any: return "YV_Cxx::AnyStreamable";
-    case K_typecode: return "YV_Cxx::TypeCodeStreamable";
-    case K_principal: return "YV_Cxx::PrincipalStreamable";
-    case K_object: return "YV_Cxx::ObjectStreamable";
-    case K_valuebase: return "YV_Cxx::ValueBaseStreamable";
-    case K_interface: return "YV_Cxx::ObjrefStreamable<" + n + ">";
-    case K_enum: return "YV_Cxx::EnumStreamable<" + n + ">";
-    case K_struct: return "YV_Cxx::StructStreamable<" + n + ">";
-    case K_union: return "YV_Cxx::UnionStreamable<" + n + ">";
-    case K_sequence: return "YV_Cxx::SequenceStreamable<" + n + ">";
-    case K_array: return "YV_Cxx::ArrayStreamable<" + n + "_slice, " + n + "_forany>";
-    case K_fixed: return "YV_Cxx::FixedStreamable<" + n + ">";
-    case K_value: return "YV_Cxx::ValueStreamable<" + n + ">";
-    case K_native: return "YV_Cxx::NativeStreamable<" + n + ">";
+    case K_struct:
+    case K_union:
+    case K_sequence: return "YV_Cxx::VarStreamable<" + n + ">";
+    case K_array: return "YV_Cxx::ArrayStreamable<" + n + ">";
+    case K_typecode:
+    case K_principal:
+    case K_object:
+    case K_interface: return "YV_Cxx::ObjRefStreamable<" + n + ">";
+    case K_value:
+    case K_valuebase: return "YV_Cxx::ValueStreamable<" + n + ">";
     default: return std::string();
     }
 }
@@ -332,7 +309,7 @@ std::string CxxTypeMapping::typecode(AST_Type* t) const
         AST_String* s = AST_String::narrow_from_decl(t);
         if (s->max_size() == 0)
             return s->is_wide() ? "CORBA::_tc_wstring" : "CORBA::_tc_string";
-        return anonymous_string_tc_name(t);
+        return "&" + anonymous_string_tc_name(t);
     }
     case AST_Decl::NT_object: return "CORBA::_tc_Object";
     case AST_Decl::NT_valuebase: return "CORBA::_tc_ValueBase";

@@ -67,7 +67,8 @@ public:
     std::string storage(AST_Type* t, Mode m) const;
     // The runtime's streamable class for the type.
     std::string streamable(AST_Type* t) const;
-    // An expression naming the type's type code.
+    // An expression of type CORBA::TypeCode_ptr naming the type's type code
+    // ("&_yv_tc_string_10" for an anonymous bounded string).
     std::string typecode(AST_Type* t) const;
     // The name of the file-level type code made for an anonymous bounded
     // string type ("_yv_tc_string_10"); the same bound always gives the

@@ -1,5 +1,6 @@
 #include "VIS_Client_DeclDispStreamable.h"
 
+#include <ios>
 #include <ostream>
 
 VIS_Client_DeclDispStreamable::VIS_Client_DeclDispStreamable(std::ostream& os, int level, UTL_Scope* scope,
@@ -15,7 +16,9 @@ VIS_Client_DeclDispStreamable::VIS_Client_DeclDispStreamable(std::ostream& os, i
 long VIS_Client_DeclDispStreamable::visit_type(AST_Type* t)
 {
     const std::string cls = mapping().streamable(t);
-    if (!cls.empty())
-        at_indent() << cls << " " << m_strm << "(" << m_addr << ");\n";
+    if (cls.empty())
+        return 1;
+    at_indent() << cls << " " << m_strm << "(" << m_addr << ", " << (m_orb.empty() ? "0" : m_orb) << ", 0x"
+                << std::hex << m_usage << std::dec << ");\n";
     return 1;
 }

@@ -1,11 +1,11 @@
 // Writes, at the visitor's level, the declaration of a streamable variable
 // bound to a value, with its line end:
-//     YV_Cxx::StringStreamable _yvvar_a(&a);
+//     YV_Cxx::StringStreamable _yvvar_a(&a, _yvl_target_orb, 0x21);
 // The streamable is named by the streamable name and made from the address
-// expression; its class is the type's streamable class
-// (VIS_Client_DeclareAsst). The usage value gives the direction (0x21 in,
-// 0x22 inout, 0x24 out, 0x28 result); the address's C++ type already tells
-// the runtime how the value is held, so the text is the same for all.
+// expression, the ORB variable ("0" when none is given) and the usage value
+// in hexadecimal (0x21 in, 0x22 inout, 0x24 out, 0x28 result: dispatch
+// usages, with which the streamable owns what a pointer variable holds);
+// its class is the type's streamable class (VIS_Client_DeclareAsst).
 #ifndef VIS_CLIENT_DECLDISPSTREAMABLE_H
 #define VIS_CLIENT_DECLDISPSTREAMABLE_H
 

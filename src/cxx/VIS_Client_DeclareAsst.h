@@ -1,6 +1,6 @@
 // Writes the name of the runtime's streamable class of a type, inline (no
-// indentation, no line end): "YV_Cxx::LongStreamable",
-// "YV_Cxx::StructStreamable<M::S>", ... The usage value 0x8000 asks for the
+// indentation, no line end): "YV_Cxx::BasicStreamable<CORBA::Long>",
+// "YV_Cxx::VarStreamable<M::S>", ... The usage value 0x8000 asks for the
 // class name as the type of a streamable pointer; every usage writes the
 // same name.
 #ifndef VIS_CLIENT_DECLAREASST_H

@@ -1,6 +1,6 @@
 // Writes, at the visitor's level, the declaration that names the streamable
 // class of a typedef after the typedef, with its line end:
-//     typedef YV_Cxx::SequenceStreamable<M::Longs> Longs_Streamable;
+//     typedef YV_Cxx::VarStreamable<M::Longs> Longs_Streamable;
 // Other nodes get nothing.
 #ifndef VIS_CLIENT_DECLAREFULLASSTFORTYPEDEF_H
 #define VIS_CLIENT_DECLAREFULLASSTFORTYPEDEF_H

@@ -18,8 +18,8 @@ long VIS_Client_TypeCode::visit_type(AST_Type* t)
     const std::string guard = "_YV_TC_DEFINED" + tc.substr(std::string("_yv_tc").size());
     stream() << "#ifndef " << guard << "\n"
              << "#define " << guard << "\n";
-    at_indent() << "static const YV_Cxx::StringTypeCode " << tc << "(" << s->max_size() << ", "
-                << (s->is_wide() ? 1 : 0) << ");\n";
+    at_indent() << "static CORBA::TypeCode " << tc << "(" << (s->is_wide() ? "CORBA::tk_wstring" : "CORBA::tk_string")
+                << ", " << s->max_size() << ");\n";
     stream() << "#endif\n";
     return 1;
 }

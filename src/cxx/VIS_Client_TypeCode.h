@@ -2,7 +2,7 @@
 // type code of an anonymous bounded string type:
 //     #ifndef _YV_TC_DEFINED_string_10
 //     #define _YV_TC_DEFINED_string_10
-//     static const YV_Cxx::StringTypeCode _yv_tc_string_10(10, 0);
+//     static CORBA::TypeCode _yv_tc_string_10(CORBA::tk_string, 10);
 //     #endif
 // The guard makes a second string of the same bound in the same file reuse
 // the first definition. Other types have their type codes in the client

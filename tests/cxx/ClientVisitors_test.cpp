@@ -67,7 +67,7 @@ TEST_F(ClientVisitorsTest, StreamableClassNameIsWrittenInline)
     arg("op_seq2", 0)->field_type()->accept(v.get());
     out << "|";
     arg("op_long", 0)->field_type()->accept(v.get());
-    EXPECT_EQ(out.str(), "YV_Cxx::SequenceStreamable<M::LongSeq2>|YV_Cxx::LongStreamable");
+    EXPECT_EQ(out.str(), "YV_Cxx::VarStreamable<M::LongSeq2>|YV_Cxx::BasicStreamable<CORBA::Long>");
 }
 
 TEST_F(ClientVisitorsTest, ArgumentVariablesOfARequestBasedBody)
@@ -90,7 +90,7 @@ TEST_F(ClientVisitorsTest, StreamableBoundToAValue)
     std::unique_ptr<VIS_Client_DeclDispStreamable> v(f->create_VIS_Client_DeclDispStreamable(
         out, 2, t.tree.root(), &gen, "_yvvar_a", "a", "&a", "_yvl_target_orb", 0x21, nullptr));
     arg("op_intf", 0)->field_type()->accept(v.get());
-    EXPECT_EQ(out.str(), "        YV_Cxx::ObjrefStreamable<M::Other> _yvvar_a(&a);\n");
+    EXPECT_EQ(out.str(), "        YV_Cxx::ObjRefStreamable<M::Other> _yvvar_a(&a, _yvl_target_orb, 0x21);\n");
 }
 
 TEST_F(ClientVisitorsTest, ResultAndParameterTypes)
@@ -118,12 +118,12 @@ TEST_F(ClientVisitorsTest, BoundedStringTypeCodesAreGuardedPerBound)
     }
     const std::string one = "#ifndef _YV_TC_DEFINED_string_10\n"
                             "#define _YV_TC_DEFINED_string_10\n"
-                            "static const YV_Cxx::StringTypeCode _yv_tc_string_10(10, 0);\n"
+                            "static CORBA::TypeCode _yv_tc_string_10(CORBA::tk_string, 10);\n"
                             "#endif\n";
     EXPECT_EQ(out.str(), one + one +
                              "#ifndef _YV_TC_DEFINED_wstring_10\n"
                              "#define _YV_TC_DEFINED_wstring_10\n"
-                             "static const YV_Cxx::StringTypeCode _yv_tc_wstring_10(10, 1);\n"
+                             "static CORBA::TypeCode _yv_tc_wstring_10(CORBA::tk_wstring, 10);\n"
                              "#endif\n");
     // An unbounded string needs no definition of its own.
     out.str("");

@@ -45,27 +45,27 @@ const Row param_rows[] = {
 // Variables of request-based dispatch bodies (in, inout, out) and the
 // streamable class (in the `result` column).
 const Row storage_rows[] = {
-    {"long", "CORBA::Long", "CORBA::Long", "CORBA::Long", "YV_Cxx::LongStreamable"},
-    {"ulonglong", "CORBA::ULongLong", "CORBA::ULongLong", "CORBA::ULongLong", "YV_Cxx::ULongLongStreamable"},
-    {"boolean", "CORBA::Boolean", "CORBA::Boolean", "CORBA::Boolean", "YV_Cxx::BooleanStreamable"},
+    {"long", "CORBA::Long", "CORBA::Long", "CORBA::Long", "YV_Cxx::BasicStreamable<CORBA::Long>"},
+    {"ulonglong", "CORBA::ULongLong", "CORBA::ULongLong", "CORBA::ULongLong", "YV_Cxx::BasicStreamable<CORBA::ULongLong>"},
+    {"boolean", "CORBA::Boolean", "CORBA::Boolean", "CORBA::Boolean", "YV_Cxx::BasicStreamable<CORBA::Boolean>"},
     {"string", "char*", "char*", "char*", "YV_Cxx::StringStreamable"},
     {"wstring", "CORBA::WChar*", "CORBA::WChar*", "CORBA::WChar*", "YV_Cxx::WStringStreamable"},
     {"any", "CORBA::Any", "CORBA::Any", "CORBA::Any*", "YV_Cxx::AnyStreamable"},
-    {"fix", "M::FixS", "M::FixS", "M::FixS", "YV_Cxx::StructStreamable<M::FixS>"},
-    {"var", "M::VarS", "M::VarS", "M::VarS*", "YV_Cxx::StructStreamable<M::VarS>"},
-    {"union", "M::U", "M::U", "M::U", "YV_Cxx::UnionStreamable<M::U>"},
-    {"enum", "M::E", "M::E", "M::E", "YV_Cxx::EnumStreamable<M::E>"},
-    {"seq", "M::LongSeq", "M::LongSeq", "M::LongSeq*", "YV_Cxx::SequenceStreamable<M::LongSeq>"},
-    {"seq2", "M::LongSeq2", "M::LongSeq2", "M::LongSeq2*", "YV_Cxx::SequenceStreamable<M::LongSeq2>"},
-    {"arr", "M::LongArr", "M::LongArr", "M::LongArr", "YV_Cxx::ArrayStreamable<M::LongArr_slice, M::LongArr_forany>"},
-    {"vararr", "M::StrArr", "M::StrArr", "M::StrArr_slice*", "YV_Cxx::ArrayStreamable<M::StrArr_slice, M::StrArr_forany>"},
-    {"fixed", "M::Money", "M::Money", "M::Money", "YV_Cxx::FixedStreamable<M::Money>"},
-    {"object", "CORBA::Object_ptr", "CORBA::Object_ptr", "CORBA::Object_ptr", "YV_Cxx::ObjectStreamable"},
-    {"intf", "M::Other_ptr", "M::Other_ptr", "M::Other_ptr", "YV_Cxx::ObjrefStreamable<M::Other>"},
+    {"fix", "M::FixS", "M::FixS", "M::FixS", "YV_Cxx::VarStreamable<M::FixS>"},
+    {"var", "M::VarS", "M::VarS", "M::VarS*", "YV_Cxx::VarStreamable<M::VarS>"},
+    {"union", "M::U", "M::U", "M::U", "YV_Cxx::VarStreamable<M::U>"},
+    {"enum", "M::E", "M::E", "M::E", "YV_Cxx::BasicStreamable<M::E>"},
+    {"seq", "M::LongSeq", "M::LongSeq", "M::LongSeq*", "YV_Cxx::VarStreamable<M::LongSeq>"},
+    {"seq2", "M::LongSeq2", "M::LongSeq2", "M::LongSeq2*", "YV_Cxx::VarStreamable<M::LongSeq2>"},
+    {"arr", "M::LongArr", "M::LongArr", "M::LongArr", "YV_Cxx::ArrayStreamable<M::LongArr>"},
+    {"vararr", "M::StrArr", "M::StrArr", "M::StrArr_slice*", "YV_Cxx::ArrayStreamable<M::StrArr>"},
+    {"fixed", "M::Money", "M::Money", "M::Money", "YV_Cxx::BasicStreamable<M::Money>"},
+    {"object", "CORBA::Object_ptr", "CORBA::Object_ptr", "CORBA::Object_ptr", "YV_Cxx::ObjRefStreamable<CORBA::Object>"},
+    {"intf", "M::Other_ptr", "M::Other_ptr", "M::Other_ptr", "YV_Cxx::ObjRefStreamable<M::Other>"},
     {"value", "M::V*", "M::V*", "M::V*", "YV_Cxx::ValueStreamable<M::V>"},
-    {"valuebase", "CORBA::ValueBase*", "CORBA::ValueBase*", "CORBA::ValueBase*", "YV_Cxx::ValueBaseStreamable"},
-    {"typecode", "CORBA::TypeCode_ptr", "CORBA::TypeCode_ptr", "CORBA::TypeCode_ptr", "YV_Cxx::TypeCodeStreamable"},
-    {"mylong", "M::MyLong", "M::MyLong", "M::MyLong", "YV_Cxx::LongStreamable"},
+    {"valuebase", "CORBA::ValueBase*", "CORBA::ValueBase*", "CORBA::ValueBase*", "YV_Cxx::ValueStreamable<CORBA::ValueBase>"},
+    {"typecode", "CORBA::TypeCode_ptr", "CORBA::TypeCode_ptr", "CORBA::TypeCode_ptr", "YV_Cxx::ObjRefStreamable<CORBA::TypeCode>"},
+    {"mylong", "M::MyLong", "M::MyLong", "M::MyLong", "YV_Cxx::BasicStreamable<M::MyLong>"},
     {"mystring", "char*", "char*", "char*", "YV_Cxx::StringStreamable"},
 };
 
@@ -142,7 +142,7 @@ TEST_F(CxxTypeMappingTest, TypeCodesOfNamedAndAnonymousTypes)
     EXPECT_EQ(map.typecode(type_of(t, "var")), "M::_tc_VarS");
     EXPECT_EQ(map.typecode(type_of(t, "seq2")), "M::_tc_LongSeq2");
     EXPECT_EQ(map.typecode(type_of(t, "object")), "CORBA::_tc_Object");
-    EXPECT_EQ(map.typecode(t.bounded), "_yv_tc_string_10");
+    EXPECT_EQ(map.typecode(t.bounded), "&_yv_tc_string_10");
 }
 
 TEST_F(CxxTypeMappingTest, FixedLengthFollowsMembersElementsAndTypedefs)
