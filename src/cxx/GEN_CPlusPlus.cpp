@@ -39,7 +39,7 @@ struct CxxSwitch {
 };
 
 const CxxSwitch cxx_switches[] = {
-    {"AMICallbacks", "generate the asynchronous (AMI) reply-handler callbacks; +xAMICallbacks turns them off"},
+    {"AMICallbacks", "generate the asynchronous (AMI) reply-handler callbacks"},
     {"AMIPolling", "include the Messaging support for AMI pollers"},
     {"NoNamespaces", "map IDL modules to nested classes instead of C++ namespaces"},
     {"NoDispatch", "write no operation dispatch functions or lookup tables"},
@@ -163,7 +163,7 @@ void GEN_CPlusPlus::print_usage(std::ostream& os)
           "\t\t\t-d[declspec]    Export macros on generated classes\n"
           "\t\t\t-Oh<path>       Directory to place header files\n"
           "\t\t\t-Oc<path>       Directory to place stub files\n"
-          "\t\t\t-x<Switch>      One of the switches below (+x<Switch> undoes it)\n";
+          "\t\t\t-x<Switch>      One of the switches below\n";
     for (const CxxSwitch& s : cxx_switches)
         os << "\t\t\t  " << s.name << "\n";
 }

@@ -56,7 +56,7 @@ TEST(GEN_CPlusPlusTest, SwitchesSetAndClearInBothDirections)
         EXPECT_NE((gen.*c.query)(), initial);
         gen.clear_options(text.c_str());
         EXPECT_EQ((gen.*c.query)(), initial);
-        // "+x<name>" through set_options undoes it too.
+        // Back-end blocks clear a switch with its "+x<name>" spelling.
         gen.set_options(text.c_str());
         text[0] = '+';
         gen.clear_options(text.c_str());
