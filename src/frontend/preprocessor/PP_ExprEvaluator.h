@@ -1,0 +1,64 @@
+// Evaluates the integer constant expression of an #if or #elif line, after
+// macro expansion and with `defined` already answered. Arithmetic is done
+// in 64 bits, signed unless an operand is unsigned (a U suffix or a value
+// beyond the signed range), wrapping like the target's; remaining
+// identifiers count as 0. && || ?: skip the side they do not take, so a
+// division by zero there is no error.
+#ifndef PP_EXPREVALUATOR_H
+#define PP_EXPREVALUATOR_H
+
+#include "IDL_Diagnostics.h"
+#include "PP_Token.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class PP_Reporter;
+
+class PP_ExprEvaluator {
+public:
+    // How deep parentheses and ?: may nest.
+    static constexpr int kMaxDepth = 256;
+
+    explicit PP_ExprEvaluator(PP_Reporter& reporter) : m_reporter(reporter) {}
+
+    // Evaluates `tokens`; diagnostics without a position of their own go to
+    // `where` (the directive). False, after reporting, when the expression
+    // is malformed; `value` is then false.
+    bool evaluate(const std::vector<PP_Token>& tokens, const PP_Token& where, bool& value);
+
+private:
+    struct Value {
+        std::uint64_t bits = 0;
+        bool is_unsigned = false;
+        bool truth() const { return bits != 0; }
+    };
+
+    const PP_Token& peek() const;
+    bool at(std::string_view punct) const { return peek().is(punct); }
+    void expect(std::string_view punct);
+    void fail(IDL_Diag id, const PP_Token& tok, std::initializer_list<std::string> args = {});
+
+    Value comma();
+    Value conditional();
+    Value binary(int min_prec);
+    Value unary();
+    Value primary();
+    Value apply(const std::string_view op, Value a, Value b, const PP_Token& where);
+    Value number(const PP_Token& tok);
+    Value character(const PP_Token& tok);
+
+    PP_Reporter& m_reporter;
+    const std::vector<PP_Token>* m_tokens = nullptr;
+    std::size_t m_pos = 0;
+    PP_Token m_end;
+    PP_Token m_where;
+    int m_depth = 0;
+    // False inside the operand that && || ?: do not take.
+    bool m_evaluating = true;
+    bool m_failed = false;
+};
+
+#endif

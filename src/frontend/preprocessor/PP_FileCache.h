@@ -1,0 +1,32 @@
+// The files read during a run, each read from disk once and known by its
+// canonical path, so that different spellings of one file are one entry.
+#ifndef PP_FILECACHE_H
+#define PP_FILECACHE_H
+
+#include "PP_FileEntry.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+class PP_FileCache {
+public:
+    enum class Status { Found, Missing, Unreadable };
+
+    // The regular file at `path`, read on first use. `entry` is set when
+    // the status is Found.
+    Status load(const std::string& path, PP_FileEntry*& entry);
+    // An entry for a text held in memory (never shared).
+    PP_FileEntry* adopt(std::string text);
+    void clear();
+
+    // Offset of the first byte of `text` that has no place in a text file.
+    static std::size_t find_bad_byte(const std::string& text);
+
+private:
+    std::map<std::string, std::unique_ptr<PP_FileEntry>> m_files;
+    std::vector<std::unique_ptr<PP_FileEntry>> m_texts;
+};
+
+#endif
