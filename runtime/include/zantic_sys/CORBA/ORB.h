@@ -1,0 +1,51 @@
+// The ORB of the process: there is one, made by ORB_init. Requests are served
+// in process, so run() and work_pending() have nothing to wait for.
+#ifndef YV_RT_CORBA_ORB_H
+#define YV_RT_CORBA_ORB_H
+
+#include "../YV_Cxx/Ref_var.h"
+#include "Exception.h"
+#include "Object.h"
+#include "Types.h"
+
+namespace CORBA {
+
+class ORB {
+public:
+    class InvalidName : public UserException {
+    public:
+        const char* _name() const override { return "InvalidName"; }
+        const char* _rep_id() const override { return "IDL:omg.org/CORBA/ORB/InvalidName:1.0"; }
+        void _raise() const override { throw *this; }
+    };
+
+    // "RootPOA" gives the root object adapter; other names: InvalidName.
+    Object_ptr resolve_initial_references(const char* identifier);
+    void run();
+    void shutdown(Boolean wait_for_completion = false);
+    void destroy();
+    Boolean work_pending();
+    void perform_work();
+    Boolean _yv_is_shut_down() const { return m_shut_down; }
+
+    static ORB_ptr _duplicate(ORB_ptr orb) { return orb; }
+    static ORB_ptr _nil() { return nullptr; }
+    void _yv_release() {}
+
+    // The process's ORB.
+    static ORB_ptr _yv_instance();
+
+private:
+    ORB() = default;
+    bool m_shut_down = false;
+};
+
+ORB_ptr ORB_init(int& argc, char** argv, const char* orb_identifier = "");
+inline void release(ORB_ptr) {}
+inline Boolean is_nil(ORB_ptr orb) { return orb == nullptr; }
+
+typedef YV_Cxx::ObjRef_var<ORB> ORB_var;
+
+} // namespace CORBA
+
+#endif

@@ -1,0 +1,29 @@
+// The streamable of a type copied by assignment: the basic types, enums and
+// fixed-point types. extract() gives T&.
+#ifndef YV_RT_YV_CXX_BASICSTREAMABLE_H
+#define YV_RT_YV_CXX_BASICSTREAMABLE_H
+
+#include "SlotStreamable.h"
+
+namespace YV_Cxx {
+
+template <class T>
+class BasicStreamable : public SlotStreamable<BasicStreamable<T>, T, T> {
+    typedef SlotStreamable<BasicStreamable<T>, T, T> Base;
+
+public:
+    using Base::Base;
+
+    static T yv_empty() { return T(); }
+    static void yv_assign(T& to, const T& from) { to = from; }
+    static void yv_destroy(T&) {}
+
+    // Bound to a variable of the type, which keeps its value.
+    static void yv_bind(Base& s, T* value, long) { s.yv_bind_foreign_slot(value); }
+    // Bound to an in argument, which is only read.
+    static void yv_bind(Base& s, const T* value, long) { s.yv_bind_foreign_slot(const_cast<T*>(value)); }
+};
+
+} // namespace YV_Cxx
+
+#endif

@@ -1,0 +1,51 @@
+// The streamable of a reference: object references (ObjRefStreamable, also
+// for CORBA::Object and CORBA::TypeCode) and value types (ValueStreamable,
+// also for CORBA::ValueBase). extract() gives T*&. A copy of an object
+// reference is a duplicate; a copy of a value is the value's _copy_value.
+#ifndef YV_RT_YV_CXX_REFSTREAMABLE_H
+#define YV_RT_YV_CXX_REFSTREAMABLE_H
+
+#include "Ref_out.h"
+#include "Ref_var.h"
+#include "SlotStreamable.h"
+
+namespace YV_Cxx {
+
+template <class T, class Traits>
+class RefStreamable : public SlotStreamable<RefStreamable<T, Traits>, T*, T> {
+    typedef SlotStreamable<RefStreamable<T, Traits>, T*, T> Base;
+
+public:
+    using Base::Base;
+
+    static T* yv_empty() { return nullptr; }
+    static void yv_assign(T*& to, T* const& from)
+    {
+        T* old = to;
+        to = Traits::copy(from);
+        Traits::release(old);
+    }
+    static void yv_destroy(T*& s)
+    {
+        Traits::release(s);
+        s = nullptr;
+    }
+
+    // Bound to a reference variable (T_ptr or T*).
+    static void yv_bind(Base& s, T** slot, long usage) { s.yv_bind_slot(slot, usage); }
+    // Bound to an in argument, which is only read.
+    static void yv_bind(Base& s, T* const* slot, long) { s.yv_bind_foreign_slot(const_cast<T**>(slot)); }
+    // Bound to the reference that a _var owns.
+    static void yv_bind(Base& s, Ref_var<T, Traits>* var, long) { s.yv_bind_foreign_slot(&var->out()); }
+    // Bound to the caller's slot behind an out parameter.
+    static void yv_bind(Base& s, Ref_out<T, Traits>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
+};
+
+template <class T>
+using ObjRefStreamable = RefStreamable<T, ObjRefTraits<T>>;
+template <class T>
+using ValueStreamable = RefStreamable<T, ValueTraits<T>>;
+
+} // namespace YV_Cxx
+
+#endif

@@ -1,0 +1,132 @@
+// IDL sequences: UnboundedSequence<T> and BoundedSequence<T, N>. Elements
+// are values of their mapped C++ type; a sequence of strings holds
+// CORBA::String_var elements and a sequence of references ObjRef_var
+// elements, so that assigning an element frees the old one.
+//
+// Elements live in a buffer that the sequence always owns: the constructor
+// that takes a buffer copies it (and frees it when told to release it).
+#ifndef YV_RT_YV_CXX_SEQUENCE_H
+#define YV_RT_YV_CXX_SEQUENCE_H
+
+#include "../CORBA/SystemException.h"
+#include "../CORBA/Types.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace YV_Cxx {
+
+// Bound 0 stands for an unbounded sequence.
+template <class T, CORBA::ULong Bound>
+class Sequence {
+public:
+    typedef T value_type;
+
+    Sequence() : m_max(Bound) { reserve(Bound); }
+    // An unbounded sequence with room for `max` elements.
+    explicit Sequence(CORBA::ULong max) : m_max(Bound == 0 ? max : Bound) { reserve(m_max); }
+    // `length` elements copied from `data`; with `release` the sequence
+    // frees `data` (allocated by allocbuf) afterwards.
+    Sequence(CORBA::ULong max, CORBA::ULong length, T* data, CORBA::Boolean release = false)
+        : m_max(Bound == 0 ? max : Bound)
+    {
+        check_bound(length);
+        reserve(std::max(m_max, length));
+        std::copy(data, data + length, m_buf.get());
+        m_len = length;
+        if (release)
+            freebuf(data);
+    }
+    Sequence(const Sequence& other) : m_max(other.m_max)
+    {
+        reserve(std::max(other.m_max, other.m_len));
+        std::copy(other.m_buf.get(), other.m_buf.get() + other.m_len, m_buf.get());
+        m_len = other.m_len;
+    }
+    Sequence(Sequence&& other) noexcept
+        : m_max(other.m_max), m_len(other.m_len), m_cap(other.m_cap), m_buf(std::move(other.m_buf))
+    {
+        other.m_len = 0;
+        other.m_cap = 0;
+    }
+    Sequence& operator=(const Sequence& other)
+    {
+        if (this != &other) {
+            Sequence copy(other);
+            *this = std::move(copy);
+        }
+        return *this;
+    }
+    Sequence& operator=(Sequence&& other) noexcept
+    {
+        if (this != &other) {
+            m_max = other.m_max;
+            m_len = other.m_len;
+            m_cap = other.m_cap;
+            m_buf = std::move(other.m_buf);
+            other.m_len = 0;
+            other.m_cap = 0;
+        }
+        return *this;
+    }
+    ~Sequence() = default;
+
+    CORBA::ULong maximum() const { return m_max; }
+    CORBA::ULong length() const { return m_len; }
+    // Grows (new elements default-constructed) or shrinks the sequence;
+    // a bounded sequence cannot grow past its bound (BAD_PARAM).
+    void length(CORBA::ULong n)
+    {
+        check_bound(n);
+        if (n > m_cap)
+            reserve(std::max(n, 2 * m_cap));
+        for (CORBA::ULong i = n; i < m_len; ++i)
+            m_buf[i] = T();
+        m_len = n;
+        if (Bound == 0 && n > m_max)
+            m_max = n;
+    }
+
+    T& operator[](CORBA::ULong i) { return m_buf[i]; }
+    const T& operator[](CORBA::ULong i) const { return m_buf[i]; }
+
+    CORBA::Boolean release() const { return true; }
+    T* get_buffer() { return m_buf.get(); }
+    const T* get_buffer() const { return m_buf.get(); }
+
+    static T* allocbuf(CORBA::ULong n) { return new T[n]; }
+    static void freebuf(T* buffer) { delete[] buffer; }
+
+private:
+    static void check_bound(CORBA::ULong n)
+    {
+        if (Bound != 0 && n > Bound)
+            throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
+    }
+    // Makes room for `cap` elements, keeping the present ones.
+    void reserve(CORBA::ULong cap)
+    {
+        if (cap <= m_cap && m_buf)
+            return;
+        std::unique_ptr<T[]> fresh(new T[cap == 0 ? 1 : cap]);
+        for (CORBA::ULong i = 0; i < m_len; ++i)
+            fresh[i] = std::move(m_buf[i]);
+        m_buf = std::move(fresh);
+        m_cap = cap;
+    }
+
+    CORBA::ULong m_max = 0;
+    CORBA::ULong m_len = 0;
+    CORBA::ULong m_cap = 0;
+    std::unique_ptr<T[]> m_buf;
+};
+
+template <class T>
+using UnboundedSequence = Sequence<T, 0>;
+template <class T, CORBA::ULong N>
+using BoundedSequence = Sequence<T, N>;
+
+} // namespace YV_Cxx
+
+#endif

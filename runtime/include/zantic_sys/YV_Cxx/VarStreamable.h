@@ -1,0 +1,62 @@
+// The streamable of a type handed around by pointer: structures, unions,
+// sequences and anys (AnyStreamable). extract() gives T*&.
+//
+// Bound to a value (T*), the slot points at that value and a copy goes into
+// it; bound to a pointer slot (T**), a copy is allocated into the slot when
+// the slot is empty. A null source value leaves the target as it is.
+#ifndef YV_RT_YV_CXX_VARSTREAMABLE_H
+#define YV_RT_YV_CXX_VARSTREAMABLE_H
+
+#include "Fix_var.h"
+#include "SlotStreamable.h"
+
+namespace YV_Cxx {
+
+template <class T>
+class VarStreamable : public SlotStreamable<VarStreamable<T>, T*, T> {
+    typedef SlotStreamable<VarStreamable<T>, T*, T> Base;
+
+public:
+    using Base::Base;
+
+    static T* yv_empty() { return nullptr; }
+    static void yv_assign(T*& to, T* const& from)
+    {
+        if (from == nullptr)
+            return;
+        if (to != nullptr)
+            *to = *from;
+        else
+            to = new T(*from);
+    }
+    static void yv_destroy(T*& s)
+    {
+        delete s;
+        s = nullptr;
+    }
+
+    // Bound to a pointer variable (an out value or a result).
+    static void yv_bind(Base& s, T** slot, long usage) { s.yv_bind_slot(slot, usage); }
+    // Bound to a value.
+    static void yv_bind(Base& s, T* value, long) { s.yv_bind_value(value); }
+    // Bound to an in argument, which is only read.
+    static void yv_bind(Base& s, const T* value, long) { s.yv_bind_value(const_cast<T*>(value)); }
+    // Bound to the value that a fixed-length _var owns.
+    static void yv_bind(Base& s, Fix_var<T>* var, long) { s.yv_bind_value(var->ptr()); }
+    // Bound to the value that a variable-length _var owns (out() gives T*&),
+    // or to the caller's slot behind an out parameter.
+    template <class V>
+    static auto yv_bind(Base& s, V* var, long) -> decltype(static_cast<T*&>(var->out()), void())
+    {
+        s.yv_bind_foreign_slot(&var->out());
+    }
+    template <class V>
+    static auto yv_bind(Base& s, V* out, long) -> decltype(static_cast<T*&>(out->ptr()), void())
+    {
+        s.yv_bind_foreign_slot(&out->ptr());
+    }
+};
+
+} // namespace YV_Cxx
+
+#endif

@@ -1,0 +1,53 @@
+// The base of the streamables: a typed handle on one value that an any
+// carries. A streamable is bound to storage that someone else owns (a
+// caller's argument, a local variable of a dispatch function) or owns a
+// value of its own; extract() of each concrete class gives the storage.
+#ifndef YV_RT_YV_STREAMABLE_H
+#define YV_RT_YV_STREAMABLE_H
+
+#include "CORBA/Types.h"
+
+#include <memory>
+
+class YV_Streamable {
+public:
+    virtual ~YV_Streamable();
+
+    // Replaces this streamable's value with a deep copy of the value of
+    // `from`, which must be a streamable of the same class (MARSHAL if not).
+    virtual void yv_copy_value(const YV_Streamable& from) = 0;
+    // A streamable of the same class owning a deep copy of this value.
+    virtual std::unique_ptr<YV_Streamable> yv_clone() const = 0;
+    // The value's type code where the class knows it, else tk_null.
+    virtual CORBA::TypeCode_ptr yv_type() const;
+
+    YV_Streamable(const YV_Streamable&) = delete;
+    YV_Streamable& operator=(const YV_Streamable&) = delete;
+
+protected:
+    YV_Streamable() = default;
+    // Throws MARSHAL: `from` is not of the class the receiver expected.
+    [[noreturn]] static void yv_type_mismatch();
+};
+
+// Usage values given to streamable constructors. The dispatch functions give
+// the direction of the value with bit 0x20 set. Whatever the usage, a
+// streamable bound to a raw pointer slot (char**, T**, A_slice** ...) owns
+// what the slot points to: it clears the slot on construction and frees its
+// value on destruction; such slots are fresh locals of a dispatch function.
+// A caller that binds a streamable to a slot whose value it keeps (a
+// proxy's out argument) adds usage_borrow.
+namespace YV_Cxx {
+enum Usage : long {
+    usage_none = 0,
+    usage_dispatch = 0x20,
+    usage_in = 0x21,
+    usage_inout = 0x22,
+    usage_out = 0x24,
+    usage_result = 0x28,
+    usage_borrow = 0x40
+};
+inline bool owns_slot(long usage) { return (usage & usage_borrow) == 0; }
+} // namespace YV_Cxx
+
+#endif

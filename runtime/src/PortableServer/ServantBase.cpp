@@ -1,0 +1,179 @@
+#include "zantic_sys/PortableServer/ServantBase.h"
+
+#include "zantic_sys/CORBA/SystemException.h"
+#include "zantic_sys/CORBA/YV_ServerRequest.h"
+#include "zantic_sys/CORBA/String_var.h"
+#include "zantic_sys/CORBA/string_functions.h"
+#include "zantic_sys/PortableServer/POA.h"
+#include "zantic_sys/YV_Cxx/BasicStreamable.h"
+#include "zantic_sys/YV_Cxx/BasicStringStreamable.h"
+#include "zantic_sys/YV_Cxx/RefStreamable.h"
+#include "zantic_sys/YV_Cxx_NV/StackBasedNVList.h"
+#include "zantic_sys/YV_Cxx_NV/StackBasedNamedValue.h"
+
+#include <cstring>
+#include <string>
+
+namespace PortableServer {
+
+namespace {
+
+// The caller's streamable of class S in the any `a`; MARSHAL if it is not.
+template <class S>
+S& caller_streamable(CORBA::Any* a)
+{
+    S* s = a ? S::_downcast(a->yv_get_streamable()) : nullptr;
+    if (s == nullptr)
+        throw CORBA::MARSHAL(0, CORBA::COMPLETED_NO);
+    return *s;
+}
+
+// Serves a standard operation without arguments whose result travels in a
+// streamable of class ResultS: on the colocated path the result goes into
+// the caller's streamable, on the request path it is copied back.
+template <class ResultS, class Call>
+void serve(CORBA::YV_ServerRequest_ptr request, CORBA::CompletionStatus& status, Call call)
+{
+    CORBA::NVList_ptr nvlist = nullptr;
+    CORBA::Any* any = nullptr;
+    if (request->yv_setup(nvlist, any)) {
+        ResultS& result = caller_streamable<ResultS>(any);
+        status = CORBA::COMPLETED_MAYBE;
+        result.extract() = call();
+        status = CORBA::COMPLETED_YES;
+        request->set_result(*any);
+        request->yv_respond();
+        return;
+    }
+    YV_Cxx_NV::StackBasedNVList args(0, nullptr);
+    request->arguments(&args);
+    ResultS result;
+    CORBA::Any result_any(&result, YV_SHALLOW_COPY);
+    status = CORBA::COMPLETED_MAYBE;
+    result.extract() = call();
+    status = CORBA::COMPLETED_YES;
+    request->set_result(result_any);
+    request->yv_respond();
+}
+
+const char* const object_id = "IDL:omg.org/CORBA/Object:1.0";
+
+} // namespace
+
+ServantBase::~ServantBase()
+{
+    if (m_yv_poa != nullptr)
+        m_yv_poa->_yv_forget(this);
+}
+
+POA_ptr ServantBase::_default_POA()
+{
+    return POA::_duplicate(POA::_yv_root());
+}
+
+ServantBase::_YV_DispatcherPtr ServantBase::_lookup_dispatcher(const char* operation)
+{
+    if (operation == nullptr)
+        return nullptr;
+    if (std::strcmp(operation, "_interface") == 0)
+        return &ServantBase::_get_interface_dispatch;
+    if (std::strcmp(operation, "_is_a") == 0)
+        return &ServantBase::_is_a_dispatch;
+    if (std::strcmp(operation, "_non_existent") == 0)
+        return &ServantBase::_non_existent_dispatch;
+    return nullptr;
+}
+
+void* ServantBase::_local_narrow(const char*)
+{
+    return nullptr;
+}
+
+CORBA::Boolean ServantBase::_yv_is_a(const YV_FWString& id)
+{
+    return id == YV_FWString(object_id);
+}
+
+CORBA::RepositoryId ServantBase::_primary_interface(const ObjectId&, POA_ptr)
+{
+    return CORBA::string_dup(object_id);
+}
+
+CORBA::Boolean ServantBase::_is_a(const char* repository_id)
+{
+    if (repository_id == nullptr)
+        throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
+    const YV_FWString id(repository_id);
+    return _yv_is_a(id) || id == YV_FWString(object_id);
+}
+
+CORBA::Boolean ServantBase::_non_existent()
+{
+    return false;
+}
+
+CORBA::Object_ptr ServantBase::_get_interface()
+{
+    throw CORBA::INTF_REPOS(0, CORBA::COMPLETED_NO);
+}
+
+void ServantBase::_add_ref() {}
+
+void ServantBase::_remove_ref() {}
+
+void ServantBase::_get_interface_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,
+                                          CORBA::CompletionStatus& status)
+{
+    serve<YV_Cxx::ObjRefStreamable<CORBA::Object>>(request, status, [servant] { return servant->_get_interface(); });
+}
+
+void ServantBase::_non_existent_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,
+                                         CORBA::CompletionStatus& status)
+{
+    serve<YV_Cxx::BasicStreamable<CORBA::Boolean>>(request, status, [servant] { return servant->_non_existent(); });
+}
+
+void ServantBase::_is_a_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,
+                                 CORBA::CompletionStatus& status)
+{
+    CORBA::NVList_ptr nvlist = nullptr;
+    CORBA::Any* any = nullptr;
+    if (request->yv_setup(nvlist, any)) {
+        const char* id = caller_streamable<YV_Cxx::StringStreamable>(nvlist->item(0)->value()).extract();
+        CORBA::Boolean& result = caller_streamable<YV_Cxx::BasicStreamable<CORBA::Boolean>>(any).extract();
+        status = CORBA::COMPLETED_MAYBE;
+        result = servant->_is_a(id);
+        status = CORBA::COMPLETED_YES;
+        request->set_result(*any);
+        request->yv_respond();
+        return;
+    }
+    CORBA::String_var id;
+    YV_Cxx::StringStreamable id_streamable(&id, request->yv_get_orb(), YV_Cxx::usage_in);
+    CORBA::Any id_any(&id_streamable, YV_SHALLOW_COPY);
+    YV_Cxx_NV::StackBasedNamedValue id_nv(id_any, CORBA::ARG_IN);
+    CORBA::NamedValue* values[1] = {&id_nv};
+    YV_Cxx_NV::StackBasedNVList args(1, values);
+    request->arguments(&args);
+    YV_Cxx::BasicStreamable<CORBA::Boolean> result;
+    CORBA::Any result_any(&result, YV_SHALLOW_COPY);
+    status = CORBA::COMPLETED_MAYBE;
+    result.extract() = servant->_is_a(id.in());
+    status = CORBA::COMPLETED_YES;
+    request->set_result(result_any);
+    request->yv_respond();
+}
+
+CORBA::Object_ptr ServantBase::_this_impl(const char* repo_id)
+{
+    POA_var poa = _default_POA();
+    std::string id;
+    if (!poa->_yv_find_id(this, id)) {
+        ObjectId_var fresh = poa->activate_object(this);
+        poa->_yv_find_id(this, id);
+    }
+    return CORBA::Object::_yv_make_reference(poa.in(), reinterpret_cast<const CORBA::Octet*>(id.data()),
+                                             static_cast<CORBA::ULong>(id.size()), repo_id);
+}
+
+} // namespace PortableServer

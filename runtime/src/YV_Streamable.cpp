@@ -1,0 +1,16 @@
+#include "zantic_sys/YV_Streamable.h"
+
+#include "zantic_sys/CORBA/SystemException.h"
+#include "zantic_sys/CORBA/TypeCode.h"
+
+YV_Streamable::~YV_Streamable() = default;
+
+CORBA::TypeCode_ptr YV_Streamable::yv_type() const
+{
+    return CORBA::_tc_null;
+}
+
+void YV_Streamable::yv_type_mismatch()
+{
+    throw CORBA::MARSHAL(0, CORBA::COMPLETED_NO);
+}
