@@ -643,13 +643,21 @@ bool IDL_Preprocessor::eval_condition(const std::vector<PP_Token>& tokens, const
         if (paren && name.kind == PP_Token::Identifier)
             m_line_expander.next(source, close);
         m_line_expander.set_expanding(true);
-        if (name.kind != PP_Token::Identifier || (paren && !close.is(')'))) {
-            const PP_Token& bad = name.kind != PP_Token::Identifier ? name : close;
-            const PP_Token& at = placed(bad, placed(tok, hash));
-            if (bad.kind == PP_Token::End)
+        if (name.kind != PP_Token::Identifier) {
+            const PP_Token& at = placed(name, placed(tok, hash));
+            if (name.kind == PP_Token::End)
                 error(IDL_Diag::PP_EXPR_DEFINED_MISSING, at.line, at.col);
             else
-                error(IDL_Diag::PP_EXPR_DEFINED_SYNTAX, at.line, at.col, {bad.str()});
+                error(IDL_Diag::PP_EXPR_DEFINED_SYNTAX, at.line, at.col, {name.str()});
+            ok = false;
+            break;
+        }
+        if (paren && !close.is(')')) {
+            const PP_Token& at = placed(close, placed(name, hash));
+            if (close.kind == PP_Token::End)
+                error(IDL_Diag::PP_EXPR_ENDS_BEFORE, at.line, at.col, {")"});
+            else
+                error(IDL_Diag::PP_EXPR_EXPECTED, at.line, at.col, {")", close.str()});
             ok = false;
             break;
         }
