@@ -152,6 +152,12 @@ const OutputCase kOutputCases[] = {
     {"PredefinedMacros",
      "__IDL__ __YVIDL__\n#ifdef __LINE__\n__LINE__\n#endif\n",
      "1       1\n\n3\n"},
+    {"CarriageReturnLineEnds",
+     "#define A 1\r\nA \\\r\n+ A\r\n%{POACxx\r\nx\r\n%}\r\n",
+     "\n1\n+ 1\n%{POACxx\nx\n%}\n"},
+    {"ConditionalsInsideMacroArguments",
+     "#define F(a, b) a b\nF(1,\n#ifdef NOPE\n  2\n#else\n  3\n#endif\n) x\n",
+     "\n1 3\n\n\n\n\n\n  x\n"},
     {"RedefinitionWithSameTextIsQuiet",
      "#define A(x) x + 1\n#define A(x)   x   +   1\n#undef A\n#undef A\nA(2)\n",
      "\n\n\n\nA(2)\n"},
@@ -190,6 +196,14 @@ TEST(Preprocessor, SameOutputEveryRun)
     ASSERT_TRUE(pp.run_text("t.idl", text, second));
     EXPECT_EQ(first.text, second.text);
     EXPECT_EQ(first.text, "# 1 \"t.idl\" 1\n\n\"a\" aa \"b\" bb\n#pragma prefix \"p\"\n%{POACxx\nz\n%}\n");
+}
+
+TEST(Preprocessor, MarkersEscapeFileNames)
+{
+    PPRun r = preprocess_text("x\n", IDL_FrontendOptions(), "we\"ird\\name.idl");
+    EXPECT_EQ(r.text, "# 1 \"we\\\"ird\\\\name.idl\" 1\nx\n");
+    r = preprocess_text("#line 3 \"a\\\\b\"\n__FILE__\n");
+    EXPECT_EQ(body(r), "# 3 \"a\\\\b\"\n\"a\\\\b\"\n");
 }
 
 // ---- Diagnostics ----
