@@ -27,6 +27,7 @@
 #include "YV_Cxx/ArrayStreamable.h"
 #include "YV_Cxx/BasicStreamable.h"
 #include "YV_Cxx/BasicStringStreamable.h"
+#include "YV_Cxx/CallArguments.h"
 #include "YV_Cxx/RefStreamable.h"
 #include "YV_Cxx/StreamableNames.h"
 #include "YV_Cxx/StringTypeCode.h"
