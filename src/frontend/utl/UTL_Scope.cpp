@@ -26,6 +26,24 @@ AST_Decl* UTL_Scope::lookup_local(const std::string& name) const
     return nullptr;
 }
 
+AST_Decl* UTL_Scope::add_pending(std::unique_ptr<AST_Decl> d)
+{
+    d->set_defined_in(this);
+    m_pending.push_back(std::move(d));
+    return m_pending.back().get();
+}
+
+std::unique_ptr<AST_Decl> UTL_Scope::take_pending(AST_Decl* d)
+{
+    for (auto it = m_pending.begin(); it != m_pending.end(); ++it)
+        if (it->get() == d) {
+            std::unique_ptr<AST_Decl> out = std::move(*it);
+            m_pending.erase(it);
+            return out;
+        }
+    return nullptr;
+}
+
 AST_Decl* ScopeAsDecl(UTL_Scope* s) { return s ? s->scope_as_decl() : nullptr; }
 
 UTL_Scope* DeclAsScope(AST_Decl* d) { return dynamic_cast<UTL_Scope*>(d); }

@@ -38,9 +38,19 @@ public:
     // Case-sensitive; other openings of a module are not searched.
     AST_Decl* lookup_local(const std::string& name) const;
 
+    // A node announced by a forward declaration written in this scope whose
+    // definition has not been seen: the scope holds it (with this scope as
+    // its defining scope) until the definition moves it into the decls of
+    // the scope where the definition stands. Nodes never defined stay here.
+    AST_Decl* add_pending(std::unique_ptr<AST_Decl> d);
+    // Gives up a pending node; null when this scope does not hold it.
+    std::unique_ptr<AST_Decl> take_pending(AST_Decl* d);
+    const std::vector<std::unique_ptr<AST_Decl>>& pending() const { return m_pending; }
+
 private:
     std::vector<std::unique_ptr<AST_Decl>> m_decls;
     std::vector<std::unique_ptr<AST_Decl>> m_local_types;
+    std::vector<std::unique_ptr<AST_Decl>> m_pending;
 };
 
 // The declaration a scope belongs to; null for a null scope.

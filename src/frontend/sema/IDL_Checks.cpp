@@ -1,0 +1,150 @@
+#include "IDL_Checks.h"
+
+#include "AST_Argument.h"
+#include "AST_Array.h"
+#include "AST_Interface.h"
+#include "AST_Operation.h"
+#include "AST_PredefinedType.h"
+#include "AST_Structure.h"
+#include "AST_Typedef.h"
+#include "AST_Union.h"
+#include "AST_Value.h"
+#include "IDL_Diagnostics.h"
+#include "IDL_Names.h"
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+void error(IDL_Diag id, const IDL_Loc& loc, std::initializer_list<std::string> args)
+{
+    IDL_Diagnostics::error(id, loc.file_name(), loc.line, loc.column, args);
+}
+
+std::vector<UTL_Scope*> direct_bases(UTL_Scope* s)
+{
+    std::vector<UTL_Scope*> out;
+    if (auto* i = dynamic_cast<AST_Interface*>(s)) {
+        for (AST_Interface* b : i->inherits())
+            out.push_back(b);
+    } else if (auto* v = dynamic_cast<AST_Value*>(s)) {
+        for (AST_Value* b : v->inherits())
+            out.push_back(b);
+        for (AST_Interface* b : v->supports())
+            out.push_back(b);
+    }
+    return out;
+}
+
+void walk(UTL_Scope* s, std::vector<UTL_Scope*>& out)
+{
+    for (UTL_Scope* b : direct_bases(s)) {
+        if (std::find(out.begin(), out.end(), b) != out.end())
+            continue;
+        out.push_back(b);
+        walk(b, out);
+    }
+}
+
+bool is_member_kind(const AST_Decl* d)
+{
+    return d->node_type() == AST_Decl::NT_op || d->node_type() == AST_Decl::NT_attr;
+}
+
+std::string fold(const std::string& s)
+{
+    std::string out(s);
+    for (char& c : out)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    return out;
+}
+
+std::string name_of(UTL_Scope* s) { return ScopeAsDecl(s)->local_name()->str(); }
+
+} // namespace
+
+std::vector<UTL_Scope*> IDL_Checks::ancestors(UTL_Scope* s)
+{
+    std::vector<UTL_Scope*> out;
+    walk(s, out);
+    out.erase(std::remove(out.begin(), out.end(), s), out.end());
+    return out;
+}
+
+void IDL_Checks::inherited_clashes(UTL_Scope* derived, const IDL_Names& names, const IDL_Loc& loc)
+{
+    (void)names;
+    // Folded member name -> the ancestor that declares it; std::map keeps
+    // the order of reports independent of hashing.
+    std::map<std::string, UTL_Scope*> seen;
+    for (UTL_Scope* a : ancestors(derived)) {
+        for (const auto& d : a->decls()) {
+            if (!is_member_kind(d.get()))
+                continue;
+            auto ins = seen.emplace(fold(d->local_name()->str()), a);
+            if (!ins.second && ins.first->second != a)
+                error(IDL_Diag::INHERIT_CLASH, loc,
+                      {d->local_name()->str(), name_of(ins.first->second), name_of(a)});
+        }
+    }
+}
+
+bool IDL_Checks::member_against_bases(UTL_Scope* s, const std::string& name, const IDL_Names& names,
+                                      const IDL_Loc& loc)
+{
+    for (UTL_Scope* a : ancestors(s)) {
+        AST_Decl* d = names.find_local_folded(a, name);
+        if (d && is_member_kind(d)) {
+            error(IDL_Diag::MEMBER_CLASH_INHERITED, loc, {name, name_of(a)});
+            return false;
+        }
+    }
+    return true;
+}
+
+void IDL_Checks::oneway(AST_Operation* op, const IDL_Loc& loc)
+{
+    if (!op->is_oneway())
+        return;
+    const std::string& name = op->local_name()->str();
+    auto* pt = AST_PredefinedType::narrow_from_decl(op->return_type());
+    if (!pt || pt->pt() != AST_PredefinedType::PT_void)
+        error(IDL_Diag::ONEWAY_RESULT, loc, {name});
+    for (const auto& d : op->decls()) {
+        auto* arg = AST_Argument::narrow_from_decl(d.get());
+        if (arg && arg->direction() != AST_Argument::dir_IN) {
+            error(IDL_Diag::ONEWAY_OUT, loc, {name});
+            break;
+        }
+    }
+    if (!op->exceptions()->empty())
+        error(IDL_Diag::ONEWAY_RAISES, loc, {name});
+}
+
+AST_Decl* IDL_Checks::incomplete(AST_Type* t)
+{
+    for (int guard = 0; t && guard < 10000; ++guard) {
+        if (auto* td = AST_Typedef::narrow_from_decl(t))
+            t = td->base_type();
+        else if (auto* arr = AST_Array::narrow_from_decl(t))
+            t = arr->base_type();
+        else
+            break;
+    }
+    if (auto* s = AST_Structure::narrow_from_decl(t))
+        return s->is_defined() ? nullptr : s;
+    if (auto* u = AST_Union::narrow_from_decl(t))
+        return u->is_defined() ? nullptr : u;
+    return nullptr;
+}
+
+bool IDL_Checks::complete_by_value(AST_Type* t, const IDL_Loc& loc)
+{
+    if (AST_Decl* d = incomplete(t)) {
+        error(IDL_Diag::INCOMPLETE_BY_VALUE, loc, {d->local_name()->str()});
+        return false;
+    }
+    return true;
+}

@@ -1,0 +1,43 @@
+// Semantic checks that look at more than one declaration: names clashing
+// along inheritance, oneway operations, types used by value before their
+// definition is complete.
+#ifndef IDL_CHECKS_H
+#define IDL_CHECKS_H
+
+#include "IDL_Loc.h"
+
+#include <vector>
+
+class AST_Decl;
+class AST_Operation;
+class AST_Type;
+class IDL_Names;
+class UTL_Scope;
+
+class IDL_Checks {
+public:
+    // The interfaces and value types `s` inherits from or supports, directly
+    // or not, each once, in depth-first declaration order; `s` left out.
+    static std::vector<UTL_Scope*> ancestors(UTL_Scope* s);
+
+    // Reports an operation or attribute name that two different ancestors of
+    // `derived` declare (inheriting both would be ambiguous).
+    static void inherited_clashes(UTL_Scope* derived, const IDL_Names& names, const IDL_Loc& loc);
+    // Reports when an operation or attribute `name` about to be declared in
+    // `s` is already one of an ancestor; false then.
+    static bool member_against_bases(UTL_Scope* s, const std::string& name, const IDL_Names& names,
+                                     const IDL_Loc& loc);
+
+    // A oneway operation returns void, has only "in" arguments and raises
+    // nothing.
+    static void oneway(AST_Operation* op, const IDL_Loc& loc);
+
+    // The structure or union whose definition is not complete (forward
+    // declared only, or still being defined) that a value of type `t` would
+    // hold directly, looking through typedefs and arrays; null when none.
+    static AST_Decl* incomplete(AST_Type* t);
+    // Reports `t` used by value where `incomplete` finds such a type.
+    static bool complete_by_value(AST_Type* t, const IDL_Loc& loc);
+};
+
+#endif

@@ -1,0 +1,80 @@
+// The names every scope of the tree declares, and the lookup of scoped names
+// by the IDL rules: outward through the enclosing scopes, into the bases of
+// interfaces and value types, across every opening of a module.
+//
+// Each scope has a hash table of its names (exact and case-folded), filled
+// as declarations are added, so lookup does not grow with scope size. All
+// openings of one module share one table, which therefore holds exactly the
+// openings seen so far.
+#ifndef IDL_NAMES_H
+#define IDL_NAMES_H
+
+#include "IDL_Loc.h"
+#include "IDL_ScopedName.h"
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+class AST_Decl;
+class AST_Root;
+class UTL_Scope;
+
+class IDL_Names {
+public:
+    explicit IDL_Names(AST_Root* root);
+    ~IDL_Names();
+    IDL_Names(const IDL_Names&) = delete;
+    IDL_Names& operator=(const IDL_Names&) = delete;
+
+    // A new scope, enclosed by `parent`.
+    void add_scope(UTL_Scope* s, UTL_Scope* parent);
+    // A later opening of the module whose first opening is `first`.
+    void add_opening(UTL_Scope* opening, UTL_Scope* first, UTL_Scope* parent);
+    // The bases of an interface or value type (interfaces it supports too),
+    // searched after its own names.
+    void set_bases(UTL_Scope* s, std::vector<UTL_Scope*> bases);
+    bool has_table(UTL_Scope* s) const { return table(s) != nullptr; }
+
+    // The declaration named exactly `name` in the scope itself (every opening
+    // of a module), or null.
+    AST_Decl* find_local(UTL_Scope* s, const std::string& name) const;
+    // The same, ignoring case.
+    AST_Decl* find_local_folded(UTL_Scope* s, const std::string& name) const;
+
+    // Enters `d` under `name` in scope `s` unless a declaration of the same
+    // name, ignoring case, is there already; then reports the clash at
+    // `loc` and answers false.
+    bool declare(UTL_Scope* s, const std::string& name, AST_Decl* d, const IDL_Loc& loc);
+    // Enters `d` without checks (a name made visible in a second scope).
+    void enter(UTL_Scope* s, const std::string& name, AST_Decl* d);
+
+    // A name the language predefines, found when nothing declared matches:
+    // `name` alone ("TypeCode") or qualified by CORBA ("CORBA::TypeCode").
+    void add_builtin(const std::string& name, AST_Decl* d, bool unqualified_too);
+
+    // Resolves a scoped name as seen from scope `from`. Reports an undefined
+    // or ambiguous name at the offending component and answers null.
+    AST_Decl* resolve(UTL_Scope* from, const IDL_ScopedName& n);
+
+    // The enclosing scope recorded for `s`.
+    UTL_Scope* parent(UTL_Scope* s) const;
+
+private:
+    struct Table;
+    Table* table(UTL_Scope* s) const;
+    // A member of the scope of `t`, searching the bases; sets `ambiguous`
+    // (with the two candidates) when bases give different declarations.
+    AST_Decl* member(Table* t, const std::string& name, AST_Decl*& other, const IDL_Loc& loc, bool& failed);
+    void collect(Table* t, const std::string& name, std::vector<AST_Decl*>& found, std::vector<Table*>& visited);
+    AST_Decl* builtin(const IDL_ScopedName& n) const;
+
+    UTL_Scope* m_root;
+    std::vector<std::unique_ptr<Table>> m_tables;
+    std::unordered_map<const UTL_Scope*, Table*> m_table_of;
+    std::unordered_map<std::string, AST_Decl*> m_builtins;
+    std::unordered_map<std::string, AST_Decl*> m_corba_builtins;
+};
+
+#endif

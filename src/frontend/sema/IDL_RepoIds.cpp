@@ -1,0 +1,161 @@
+#include "IDL_RepoIds.h"
+
+#include "AST_Decl.h"
+#include "AST_Module.h"
+#include "IDL_Diagnostics.h"
+#include "UTL_Scope.h"
+
+namespace {
+
+// The declaration and its enclosing scopes, outermost first, root left out.
+std::vector<AST_Decl*> chain_of(AST_Decl* d)
+{
+    std::vector<AST_Decl*> chain;
+    for (AST_Decl* cur = d; cur && cur->node_type() != AST_Decl::NT_root; cur = ScopeAsDecl(cur->defined_in()))
+        chain.push_back(cur);
+    return std::vector<AST_Decl*>(chain.rbegin(), chain.rend());
+}
+
+// The first opening of a module, so that all openings count as one scope.
+const AST_Decl* first_opening(const AST_Decl* d)
+{
+    const AST_Module* m = dynamic_cast<const AST_Module*>(d);
+    while (m && m->previous_opening())
+        m = m->previous_opening();
+    return m ? m : d;
+}
+
+bool valid_version(const std::string& v)
+{
+    std::size_t dot = v.find('.');
+    if (dot == std::string::npos || dot == 0 || dot + 1 == v.size())
+        return false;
+    for (std::size_t i = 0; i < v.size(); ++i)
+        if (i != dot && (v[i] < '0' || v[i] > '9'))
+            return false;
+    return true;
+}
+
+} // namespace
+
+IDL_RepoIds::IDL_RepoIds() { m_frames.push_back(Frame()); }
+
+void IDL_RepoIds::enter_scope() { m_frames.push_back(m_frames.back()); }
+
+void IDL_RepoIds::leave_scope()
+{
+    if (m_frames.size() > 1)
+        m_frames.pop_back();
+}
+
+void IDL_RepoIds::enter_file() { m_frames.push_back(Frame()); }
+
+void IDL_RepoIds::leave_file() { leave_scope(); }
+
+void IDL_RepoIds::set_prefix(const std::string& prefix, std::size_t depth)
+{
+    m_frames.back().prefix = prefix;
+    m_frames.back().depth = depth;
+}
+
+IDL_RepoIds::Entry* IDL_RepoIds::entry(AST_Decl* d)
+{
+    auto it = m_index.find(d);
+    return it == m_index.end() ? nullptr : &m_entries[it->second];
+}
+
+void IDL_RepoIds::declared(AST_Decl* d)
+{
+    if (m_index.count(d))
+        return;
+    m_index.emplace(d, m_entries.size());
+    m_entries.push_back(Entry{d, nullptr, m_frames.back().prefix, m_frames.back().depth, {}, {}});
+}
+
+void IDL_RepoIds::alias(AST_Decl* d, AST_Decl* same)
+{
+    if (m_index.count(d))
+        return;
+    m_index.emplace(d, m_entries.size());
+    m_entries.push_back(Entry{d, same, {}, 0, {}, {}});
+}
+
+void IDL_RepoIds::set_id(AST_Decl* d, const std::string& id, const IDL_Loc& loc)
+{
+    Entry* e = entry(d);
+    while (e && e->same)
+        e = entry(e->same);
+    if (!e)
+        return;
+    if (!e->id.empty() && e->id != id) {
+        IDL_Diagnostics::error(IDL_Diag::REPOID_TWICE, loc.file_name(), loc.line, loc.column,
+                               {d->local_name()->str(), e->id});
+        return;
+    }
+    e->id = id;
+}
+
+void IDL_RepoIds::set_version(AST_Decl* d, const std::string& version, const IDL_Loc& loc)
+{
+    if (!valid_version(version)) {
+        IDL_Diagnostics::error(IDL_Diag::BAD_VERSION, loc.file_name(), loc.line, loc.column, {version});
+        return;
+    }
+    Entry* e = entry(d);
+    while (e && e->same)
+        e = entry(e->same);
+    if (e)
+        e->version = version;
+}
+
+void IDL_RepoIds::set_typeprefix(AST_Decl* d, const std::string& prefix) { m_typeprefix[first_opening(d)] = prefix; }
+
+std::string IDL_RepoIds::make_id(const Entry& e) const
+{
+    if (!e.id.empty())
+        return e.id;
+    std::vector<AST_Decl*> chain = chain_of(e.decl);
+    std::string prefix = e.prefix;
+    std::size_t skip = e.depth;
+    if (!m_typeprefix.empty()) {
+        // The innermost scope with a typeprefix, the declaration itself included.
+        for (std::size_t i = chain.size(); i-- > 0;) {
+            auto it = m_typeprefix.find(first_opening(chain[i]));
+            if (it != m_typeprefix.end()) {
+                prefix = it->second;
+                skip = i;
+                break;
+            }
+        }
+    }
+    std::string id = "IDL:" + prefix;
+    bool first = prefix.empty();
+    for (std::size_t i = skip; i < chain.size(); ++i) {
+        if (!first)
+            id += '/';
+        id += chain[i]->local_name()->str();
+        first = false;
+    }
+    return id + ":" + (e.version.empty() ? "1.0" : e.version);
+}
+
+void IDL_RepoIds::assign()
+{
+    for (Entry& e : m_entries) {
+        if (e.same)
+            continue;
+        e.decl->set_repoID(make_id(e));
+    }
+    for (Entry& e : m_entries) {
+        if (!e.same)
+            continue;
+        const Entry* target = &e;
+        for (int guard = 0; target->same && guard < 64; ++guard) {
+            const Entry* next = entry(target->same);
+            if (!next)
+                break;
+            target = next;
+        }
+        e.decl->set_repoID(target->decl->repoID());
+    }
+}
