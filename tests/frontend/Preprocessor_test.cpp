@@ -158,6 +158,9 @@ const OutputCase kOutputCases[] = {
     {"ConditionalsInsideMacroArguments",
      "#define F(a, b) a b\nF(1,\n#ifdef NOPE\n  2\n#else\n  3\n#endif\n) x\n",
      "\n1 3\n\n\n\n\n\n  x\n"},
+    {"NoLineStartsLikeABlockOrDirective",
+     "#define OPEN %{\nx \\\n%{POACxx\n/**/%{\nOPEN\n",
+     "\nx\n% {POACxx\n    % {\n% {\n"},
     {"RedefinitionWithSameTextIsQuiet",
      "#define A(x) x + 1\n#define A(x)   x   +   1\n#undef A\n#undef A\nA(2)\n",
      "\n\n\n\nA(2)\n"},
@@ -284,6 +287,9 @@ const ErrorCase kErrorCases[] = {
      "t.idl:3:10: error: unexpected text after back-end name 'POACxx'\n"
      "t.idl:5:1: error: '%}' without an opening '%{' line\n"
      "t.idl:6:1: error: unterminated back-end block '%{POACxx'\n"},
+    {"StrayHash", "#define H #\nx \\\n# 5 \"evil.idl\"\n  H y\n",
+     "t.idl:3:1: error: stray '#' outside a preprocessing directive\n"
+     "t.idl:4:3: error: stray '#' outside a preprocessing directive\n"},
     {"NulByte", "interface A {};\nin\0terface B {};\n", "t.idl:2:3: error: file contains a NUL byte; IDL files are text\n"},
     {"ControlBytes", "\x01\x02\x03garbage", "t.idl:1:1: error: file contains binary data (byte 0x01); IDL files are text\n"},
 };

@@ -94,10 +94,20 @@ bool IDL_Preprocessor::run(PP_FileEntry* main, const std::string& name, const st
     predefine();
     enter(main, name, dir, search_dir, false);
     PP_Token tok;
+    std::uint32_t last_line = 1, last_col = 1;
     for (;;) {
         m_expander.next(*this, tok);
         if (tok.kind == PP_Token::End)
             break;
+        if (tok.line) {
+            last_line = tok.line;
+            last_col = tok.col;
+        }
+        // IDL has no '#' token; one in the text could read as a directive.
+        if (tok.kind == PP_Token::Punct && tok.text[0] == '#') {
+            error(IDL_Diag::PP_STRAY_HASH, last_line, last_col, {tok.str()});
+            continue;
+        }
         m_out->token(tok);
     }
     m_expander.reset();

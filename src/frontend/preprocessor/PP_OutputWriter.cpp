@@ -32,6 +32,7 @@ void PP_OutputWriter::marker(std::uint32_t line, const std::string& file, Flag f
     m_line = line;
     m_col = 0;
     m_last = '\n';
+    m_text_on_line = false;
 }
 
 void PP_OutputWriter::move_to(std::uint32_t line)
@@ -43,6 +44,7 @@ void PP_OutputWriter::move_to(std::uint32_t line)
         m_line = line;
         m_col = 0;
         m_last = '\n';
+        m_text_on_line = false;
         return;
     }
     // Same file, far away (or back after #line): a marker without a flag.
@@ -56,6 +58,7 @@ void PP_OutputWriter::move_to(std::uint32_t line)
     m_line = line;
     m_col = 0;
     m_last = '\n';
+    m_text_on_line = false;
 }
 
 bool PP_OutputWriter::would_join(char last, char next)
@@ -85,22 +88,33 @@ bool PP_OutputWriter::would_join(char last, char next)
     }
 }
 
+bool PP_OutputWriter::needs_blank(const PP_Token& tok) const
+{
+    const char first = tok.text[0];
+    return tok.has(PP_Token::LeadingSpace) || would_join(m_last, first) ||
+           (m_percent_first && (first == '{' || first == '}'));
+}
+
 void PP_OutputWriter::token(const PP_Token& tok)
 {
+    if (tok.len == 0)
+        return;
     if (tok.line) {
         move_to(tok.line);
         const std::uint32_t target = tok.col > 0 ? tok.col - 1 : 0;
         if (m_col < target) {
             m_out.append(target - m_col, ' ');
             m_col = target;
-        } else if (m_col > 0 && (tok.has(PP_Token::LeadingSpace) || would_join(m_last, tok.text[0]))) {
+        } else if (m_col > 0 && needs_blank(tok)) {
             m_out += ' ';
             ++m_col;
         }
-    } else if (m_col > 0 && (tok.has(PP_Token::LeadingSpace) || would_join(m_last, tok.text[0]))) {
+    } else if (m_col > 0 && needs_blank(tok)) {
         m_out += ' ';
         ++m_col;
     }
+    m_percent_first = !m_text_on_line && tok.len == 1 && tok.text[0] == '%';
+    m_text_on_line = true;
     m_out.append(tok.text, tok.len);
     m_col += tok.len;
     m_last = tok.text[tok.len - 1];
@@ -120,6 +134,7 @@ void PP_OutputWriter::line(std::uint32_t line, std::string_view text)
     m_line = line + 1;
     m_col = 0;
     m_last = '\n';
+    m_text_on_line = false;
 }
 
 void PP_OutputWriter::finish()
@@ -127,4 +142,5 @@ void PP_OutputWriter::finish()
     if (m_col > 0)
         m_out += '\n';
     m_col = 0;
+    m_text_on_line = false;
 }
