@@ -46,7 +46,7 @@ public:
     static void yv_bind(Base& s, const A* value, long) { s.yv_bind_value(const_cast<Slice*>(*value)); }
     // Bound to the array that an A_var owns, or to the caller's slot behind
     // an out parameter.
-    static void yv_bind(Base& s, Array_var<A>* var, long) { s.yv_bind_foreign_slot(&var->out()); }
+    static void yv_bind(Base& s, Array_var<A>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
     static void yv_bind(Base& s, Array_out<A>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
 };
 

@@ -48,6 +48,8 @@ public:
         m_ptr = nullptr;
         return m_ptr;
     }
+    // The slot itself, for a streamable bound to the variable.
+    Slice*& yv_slot() { return m_ptr; }
     Slice* _retn()
     {
         Slice* p = m_ptr;

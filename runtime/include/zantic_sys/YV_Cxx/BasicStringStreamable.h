@@ -34,7 +34,7 @@ public:
     // Bound to an in argument (const CharT*), which is only read.
     static void yv_bind(Base& s, const CharT** slot, long) { s.yv_bind_foreign_slot(const_cast<CharT**>(slot)); }
     // Bound to the string that a String_var owns.
-    static void yv_bind(Base& s, StringVar<CharT>* var, long) { s.yv_bind_foreign_slot(&var->out()); }
+    static void yv_bind(Base& s, StringVar<CharT>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
     // Bound to the caller's slot behind an out parameter.
     static void yv_bind(Base& s, StringOut<CharT>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
 };

@@ -36,7 +36,7 @@ public:
     // Bound to an in argument, which is only read.
     static void yv_bind(Base& s, T* const* slot, long) { s.yv_bind_foreign_slot(const_cast<T**>(slot)); }
     // Bound to the reference that a _var owns.
-    static void yv_bind(Base& s, Ref_var<T, Traits>* var, long) { s.yv_bind_foreign_slot(&var->out()); }
+    static void yv_bind(Base& s, Ref_var<T, Traits>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
     // Bound to the caller's slot behind an out parameter.
     static void yv_bind(Base& s, Ref_out<T, Traits>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
 };

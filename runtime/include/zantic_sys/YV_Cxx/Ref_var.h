@@ -44,6 +44,8 @@ public:
         m_ptr = nullptr;
         return m_ptr;
     }
+    // The slot itself, for a streamable bound to the variable.
+    T*& yv_slot() { return m_ptr; }
     // Gives up ownership.
     T* _retn()
     {

@@ -88,7 +88,7 @@ public:
             *m_slot = Derived::yv_empty();
     }
     // Binds to a slot whose value someone else keeps (a variable of a basic
-    // type, a _var's out(), the slot behind an out parameter, an in argument).
+    // type, a _var's slot, the slot behind an out parameter, an in argument).
     void yv_bind_foreign_slot(Slot* slot)
     {
         yv_release_own();

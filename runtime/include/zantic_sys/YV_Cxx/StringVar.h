@@ -62,6 +62,8 @@ public:
         m_ptr = nullptr;
         return m_ptr;
     }
+    // The slot itself, for a streamable bound to the variable.
+    CharT*& yv_slot() { return m_ptr; }
     // Gives up ownership.
     CharT* _retn()
     {

@@ -43,12 +43,12 @@ public:
     static void yv_bind(Base& s, const T* value, long) { s.yv_bind_value(const_cast<T*>(value)); }
     // Bound to the value that a fixed-length _var owns.
     static void yv_bind(Base& s, Fix_var<T>* var, long) { s.yv_bind_value(var->ptr()); }
-    // Bound to the value that a variable-length _var owns (out() gives T*&),
+    // Bound to the value that a variable-length _var owns (its slot T*&),
     // or to the caller's slot behind an out parameter.
     template <class V>
-    static auto yv_bind(Base& s, V* var, long) -> decltype(static_cast<T*&>(var->out()), void())
+    static auto yv_bind(Base& s, V* var, long) -> decltype(static_cast<T*&>(var->yv_slot()), void())
     {
-        s.yv_bind_foreign_slot(&var->out());
+        s.yv_bind_foreign_slot(&var->yv_slot());
     }
     template <class V>
     static auto yv_bind(Base& s, V* out, long) -> decltype(static_cast<T*&>(out->ptr()), void())
