@@ -1,0 +1,112 @@
+#include "YV_CommandLine.h"
+
+#include "YV_BackendInfo.h"
+
+#include <cctype>
+#include <cstring>
+
+namespace {
+
+bool is_identifier(const std::string& s)
+{
+    if (s.empty() || std::isdigit(static_cast<unsigned char>(s[0])))
+        return false;
+    for (char c : s)
+        if (!std::isalnum(static_cast<unsigned char>(c)) && c != '_')
+            return false;
+    return true;
+}
+
+// Long arguments are cut in messages so that a stray megabyte of text does
+// not end up on the terminal.
+std::string quoted(const std::string& arg)
+{
+    const std::size_t limit = 64;
+    return "'" + (arg.size() > limit ? arg.substr(0, limit) + "..." : arg) + "'";
+}
+
+} // namespace
+
+YV_CommandLine YV_CommandLine::parse(int argc, const char* const* argv)
+{
+    YV_CommandLine cl;
+    bool files_only = false;
+    for (int i = 1; i < argc; ++i) {
+        const char* arg = argv[i] ? argv[i] : "";
+        if (files_only || arg[0] != '-') {
+            cl.m_files.emplace_back(arg);
+        } else if (std::strcmp(arg, "--") == 0) {
+            files_only = true;
+        } else {
+            cl.parse_option(argc, argv, i);
+        }
+    }
+    return cl;
+}
+
+void YV_CommandLine::parse_option(int argc, const char* const* argv, int& i)
+{
+    const std::string arg = argv[i];
+    if (arg == "-h" || arg == "--help") {
+        m_help = true;
+    } else if (arg == "--version") {
+        m_version = true;
+    } else if (arg == "-E") {
+        m_preprocess_only = true;
+    } else if (arg.compare(0, 2, "-I") == 0) {
+        if (const char* dir = option_value(argc, argv, i, "a directory"))
+            m_frontend.include_dirs.emplace_back(dir);
+    } else if (arg.compare(0, 2, "-D") == 0) {
+        if (const char* def = option_value(argc, argv, i, "a macro name"))
+            add_define(def);
+    } else if (arg.compare(0, 2, "-U") == 0) {
+        if (const char* name = option_value(argc, argv, i, "a macro name"))
+            add_undefine(name);
+    } else if (!parse_backend_switch(arg)) {
+        m_errors.push_back("unknown option " + quoted(arg) + " (see --help)");
+    }
+}
+
+const char* YV_CommandLine::option_value(int argc, const char* const* argv, int& i, const char* what)
+{
+    const char* arg = argv[i];
+    if (arg[2] != '\0')
+        return arg + 2;
+    if (i + 1 < argc && argv[i + 1])
+        return argv[++i];
+    m_errors.push_back("option " + std::string(arg) + " needs " + what);
+    return nullptr;
+}
+
+void YV_CommandLine::add_define(const std::string& text)
+{
+    const std::size_t eq = text.find('=');
+    const std::string name = text.substr(0, eq);
+    if (!is_identifier(name)) {
+        m_errors.push_back("invalid macro name " + quoted(name) + " in -D");
+        return;
+    }
+    m_frontend.defines.emplace_back(name, eq == std::string::npos ? std::string("1") : text.substr(eq + 1));
+}
+
+void YV_CommandLine::add_undefine(const std::string& name)
+{
+    if (!is_identifier(name)) {
+        m_errors.push_back("invalid macro name " + quoted(name) + " in -U");
+        return;
+    }
+    m_frontend.undefines.push_back(name);
+}
+
+bool YV_CommandLine::parse_backend_switch(const std::string& arg)
+{
+    const std::size_t colon = arg.find(':');
+    const YV_BackendInfo* backend = YV_BackendInfo::find(arg.substr(1, colon == std::string::npos ? colon : colon - 1));
+    if (!backend)
+        return false;
+    BackendSwitch sw{backend, std::nullopt};
+    if (colon != std::string::npos)
+        sw.options = arg.substr(colon + 1);
+    m_backends.push_back(std::move(sw));
+    return true;
+}

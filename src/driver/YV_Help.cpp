@@ -1,0 +1,92 @@
+#include "YV_Help.h"
+
+#include "YV_BackendInfo.h"
+#include "YV_BackendLoader.h"
+
+#include <iomanip>
+#include <ostream>
+#include <string>
+
+namespace {
+
+// GEN_CPlusPlus::print_switches(std::ostream&) of the C++ base library, by
+// its linker name: the driver does not link that library, it reaches it
+// through a loaded back end.
+const char print_switches_symbol[] = "_ZN13GEN_CPlusPlus14print_switchesERSo";
+using PrintSwitches = void (*)(std::ostream&);
+
+// The switch names the C++ base accepts, for a base library that cannot
+// list them itself.
+const char* const base_switch_names[] = {
+    "AMICallbacks", "NoNamespaces", "NoDispatch", "RTTI", "EnforceRaises", "Declspecs", "AMIPolling",
+};
+
+void option_line(std::ostream& out, const std::string& option, const std::string& text)
+{
+    out << "  " << std::left << std::setw(24) << option << text << '\n';
+}
+
+} // namespace
+
+void YV_Help::print(std::ostream& out)
+{
+    print_driver_usage(out);
+    out << "\nBack ends are loaded from "
+        << (m_loader.plugin_dir().empty() ? std::string("the system's library path") : m_loader.plugin_dir())
+        << "\n(set by YVIDL_PLUGIN_DIR, else plugin-dir in the configuration file,\n"
+           "else the lib directory beside the one holding yvidl).\n";
+    print_backend_usages(out);
+    print_switch_names(out);
+    out.flush();
+}
+
+void YV_Help::print_driver_usage(std::ostream& out)
+{
+    out << "Usage: yvidl [options] file.idl...\n"
+           "\n"
+           "Compiles OMG IDL files. Without a back-end switch each file is only checked.\n"
+           "\n"
+           "Options:\n";
+    option_line(out, "-I<dir>, -I <dir>", "Search <dir> for #include files.");
+    option_line(out, "-D<name>[=<value>]", "Define a preprocessor macro (value 1 when omitted).");
+    option_line(out, "-U<name>", "Undefine a preprocessor macro.");
+    option_line(out, "-E", "Write the preprocessed text to standard output; run no back end.");
+    option_line(out, "-h, --help", "Show this help, with the back ends' options.");
+    option_line(out, "--version", "Show the compiler's version.");
+    option_line(out, "--", "Take every later argument as a file name.");
+    out << "\nBack ends (several may be given; each runs in turn, in command-line order,\n"
+           "for every file; output files go to the current directory unless the\n"
+           "back end's options say otherwise):\n";
+    for (const YV_BackendInfo& info : YV_BackendInfo::known())
+        option_line(out, "-" + info.switch_name + "[:<options>]", info.summary);
+    out << "  <options> is the back end's colon-delimited option list, e.g. -poa:-xTIE:-p3\n";
+}
+
+void YV_Help::print_backend_usages(std::ostream& out)
+{
+    for (const YV_BackendInfo& info : YV_BackendInfo::known()) {
+        std::string error;
+        YV_Backend* backend = m_loader.load(info, error);
+        out << "\nBack end -" << info.switch_name << " (" << m_loader.library_path(info) << "):\n";
+        if (backend)
+            backend->print_usage(out);
+        else
+            out << "  not available: " << error << '\n';
+    }
+}
+
+void YV_Help::print_switch_names(std::ostream& out)
+{
+    out << "\nC++ mapping switches of -poa and -base (-x<Name> sets, +x<Name> clears):\n";
+    for (const YV_BackendInfo& info : YV_BackendInfo::known()) {
+        YV_Backend* backend = m_loader.loaded(info);
+        if (!backend)
+            continue;
+        if (void* fn = backend->symbol(print_switches_symbol)) {
+            reinterpret_cast<PrintSwitches>(fn)(out);
+            return;
+        }
+    }
+    for (const char* name : base_switch_names)
+        out << "  -x" << name << '\n';
+}
