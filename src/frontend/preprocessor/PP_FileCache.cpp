@@ -18,15 +18,23 @@ std::size_t PP_FileCache::find_bad_byte(const std::string& text)
 
 PP_FileCache::Status PP_FileCache::load(const std::string& path, PP_FileEntry*& entry)
 {
+    auto known = m_paths.find(path);
+    if (known != m_paths.end()) {
+        entry = known->second;
+        return entry ? Status::Found : Status::Missing;
+    }
     std::error_code ec;
-    if (!fs::is_regular_file(path, ec))
+    std::string key;
+    if (fs::is_regular_file(path, ec))
+        key = fs::canonical(path, ec).string();
+    if (key.empty() || ec) {
+        m_paths.emplace(path, nullptr);
         return Status::Missing;
-    const std::string key = fs::canonical(path, ec).string();
-    if (ec)
-        return Status::Missing;
+    }
     auto it = m_files.find(key);
     if (it != m_files.end()) {
         entry = it->second.get();
+        m_paths.emplace(path, entry);
         return Status::Found;
     }
     std::ifstream in(path, std::ios::binary);
@@ -46,6 +54,7 @@ PP_FileCache::Status PP_FileCache::load(const std::string& path, PP_FileEntry*& 
         return Status::Unreadable;
     fresh->bad_byte = find_bad_byte(fresh->text);
     entry = fresh.get();
+    m_paths.emplace(path, entry);
     m_files.emplace(key, std::move(fresh));
     return Status::Found;
 }
@@ -61,6 +70,7 @@ PP_FileEntry* PP_FileCache::adopt(std::string text)
 
 void PP_FileCache::clear()
 {
+    m_paths.clear();
     m_files.clear();
     m_texts.clear();
 }

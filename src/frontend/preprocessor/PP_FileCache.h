@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 class PP_FileCache {
@@ -25,7 +26,10 @@ public:
     static std::size_t find_bad_byte(const std::string& text);
 
 private:
+    // Entries by canonical path.
     std::map<std::string, std::unique_ptr<PP_FileEntry>> m_files;
+    // Paths already looked up, as written: the entry, or null when missing.
+    std::unordered_map<std::string, PP_FileEntry*> m_paths;
     std::vector<std::unique_ptr<PP_FileEntry>> m_texts;
 };
 
