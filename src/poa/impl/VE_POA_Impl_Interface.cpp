@@ -382,12 +382,11 @@ void VE_POA_Impl_Interface::output_dispatch_prolog(AST_Interface* i)
     indent().decrement();
     at_indent() << ")\n";
     os() << "{\n";
-    if (GEN_POACxx::narrow_from_gen(generator())->enforce_raises_on()) {
-        indent().increment();
-        at_indent() << "try\n";
-        at_indent() << "{\n";
-    }
     indent().increment();
+    if (GEN_POACxx::narrow_from_gen(generator())->enforce_raises_on()) {
+        at_indent() << "try\n";
+        open_block();
+    }
 
     const std::string skeleton = names().seen_from(i, i);
     at_indent() << skeleton << "* " << v.intf << " = " << skeleton << "::_narrow(" << v.servant << ");\n\n";
