@@ -19,6 +19,7 @@
 #include "../zantic_sys/CORBA/Types.h"
 #include "../zantic_sys/CORBA/ValueBase.h"
 #include "../zantic_sys/CORBA/string_functions.h"
+#include "../zantic_sys/YV_Cxx/Array_forany.h"
 #include "../zantic_sys/YV_Cxx/Array_out.h"
 #include "../zantic_sys/YV_Cxx/Array_var.h"
 #include "../zantic_sys/YV_Cxx/Fix_var.h"

@@ -6,6 +6,7 @@
 #ifndef YV_RT_YV_CXX_ARRAYSTREAMABLE_H
 #define YV_RT_YV_CXX_ARRAYSTREAMABLE_H
 
+#include "Array_forany.h"
 #include "Array_out.h"
 #include "Array_var.h"
 #include "SlotStreamable.h"
@@ -48,6 +49,7 @@ public:
     // an out parameter.
     static void yv_bind(Base& s, Array_var<A>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
     static void yv_bind(Base& s, Array_out<A>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
+    static void yv_bind(Base& s, Array_forany<A>* any, long) { s.yv_bind_foreign_slot(&any->out()); }
 };
 
 } // namespace YV_Cxx
