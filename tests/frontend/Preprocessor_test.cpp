@@ -209,6 +209,147 @@ TEST(Preprocessor, MarkersEscapeFileNames)
     EXPECT_EQ(body(r), "# 3 \"a\\\\b\"\n\"a\\\\b\"\n");
 }
 
+// ---- Expansion semantics: the classic examples, compared token by token ----
+
+// The spellings of the tokens of `text`, marker lines left out.
+std::vector<std::string> spellings(const std::string& text)
+{
+    std::string code;
+    std::size_t pos = 0;
+    while (pos < text.size()) {
+        std::size_t end = text.find('\n', pos);
+        if (end == std::string::npos)
+            end = text.size();
+        if (text.compare(pos, 2, "# ") != 0)
+            code.append(text, pos, end - pos).append("\n");
+        pos = end + 1;
+    }
+    PP_SpellingArena arena;
+    PP_Lexer lexer(code, arena, nullptr);
+    lexer.set_quiet(true);
+    std::vector<std::string> out;
+    for (PP_Token tok; lexer.lex(tok), tok.kind != PP_Token::End;)
+        if (tok.kind != PP_Token::Newline)
+            out.push_back(tok.str());
+    return out;
+}
+
+struct ExpansionCase {
+    const char* name;
+    const char* input;
+    const char* expected;
+};
+
+const ExpansionCase kExpansionCases[] = {
+    {"RescanAndRedefinition",
+     "#define x 3\n#define f(a) f(x * (a))\n#undef x\n#define x 2\n#define g f\n#define z z[0]\n"
+     "#define h g(~\n#define m(a) a(w)\n#define w 0,1\n#define t(a) a\n#define p() int\n#define q(x) x\n"
+     "#define r(x,y) x ## y\n#define str(x) # x\n"
+     "f(y+1) + f(f(z)) % t(t(g)(0) + t)(1);\ng(x+(3,4)-w) | h 5) & m\n(f)^m(m);\n"
+     "p() i[q()] = { q(1), r(2,3), r(4,), r(,5), r(,) };\nchar c[2][6] = { str(hello), str() };\n",
+     "f(2 * (y+1)) + f(2 * (f(2 * (z[0])))) % f(2 * (0)) + t(1);\n"
+     "f(2 * (2+(3,4)-0,1)) | f(2 * (~ 5)) & f(2 * (0,1))^m(0,1);\n"
+     "int i[] = { 1, 23, 4, 5, };\nchar c[2][6] = { \"hello\", \"\" };\n"},
+    {"StringizingAndPasting",
+     "#define str(s) # s\n#define xstr(s) str(s)\n"
+     "#define debug(s, t) printf(\"x\" # s \"= %d, x\" # t \"= %s\", \\\n x ## s, x ## t)\n"
+     "#define glue(a, b) a ## b\n#define xglue(a, b) glue(a, b)\n#define HIGHLOW \"hello\"\n"
+     "#define LOW LOW \", world\"\n"
+     "debug(1, 2);\nfputs(str(strncmp(\"abc\\0d\", \"abc\", '\\4') // this goes away\n == 0) str(: @\\n), s);\n"
+     "xstr(glue(a, b)) glue(HIGH, LOW);\nxglue(HIGH, LOW)\n",
+     "printf(\"x\" \"1\" \"= %d, x\" \"2\" \"= %s\", x1, x2);\n"
+     "fputs(\"strncmp(\\\"abc\\\\0d\\\", \\\"abc\\\", '\\\\4') == 0\" \": @\\n\", s);\n"
+     "\"ab\" \"hello\";\n\"hello\" \", world\"\n"},
+    {"Placemarkers",
+     "#define t(x,y,z) x ## y ## z\n"
+     "int j[] = { t(1,2,3), t(,4,5), t(6,,7), t(8,9,),\n t(10,,), t(,11,), t(,,12), t(,,) };\n",
+     "int j[] = { 123, 45, 67, 89, 10, 11, 12, };\n"},
+    {"PastedHashIsNoOperator",
+     "#define hash_hash # ## #\n#define mkstr(a) # a\n#define in_between(a) mkstr(a)\n"
+     "#define join(c, d) in_between(c hash_hash d)\nchar p[] = join(x, y);\n",
+     "char p[] = \"x ## y\";\n"},
+    {"VariableArguments",
+     "#define debug(...) fprintf(stderr, __VA_ARGS__)\n#define showlist(...) puts(#__VA_ARGS__)\n"
+     "#define report(test, ...) ((test)?puts(#test):\\\n printf(__VA_ARGS__))\n"
+     "debug(\"Flag\");\ndebug(\"X = %d\\n\", x);\nshowlist(The first, second, and third items.);\n"
+     "report(x>y, \"x is %d but y is %d\", x, y);\n",
+     "fprintf(stderr, \"Flag\");\nfprintf(stderr, \"X = %d\\n\", x);\n"
+     "puts(\"The first, second, and third items.\");\n"
+     "((x>y)?puts(\"x>y\"): printf(\"x is %d but y is %d\", x, y));\n"},
+    {"ParenthesisFromTheFollowingText",
+     "#define f(a) a*g\n#define g(a) f(a)\nf(2)(9)\n",
+     "2*9*g\n"},
+};
+
+class PreprocessorExpansion : public testing::TestWithParam<ExpansionCase> {};
+
+TEST_P(PreprocessorExpansion, Tokens)
+{
+    const ExpansionCase& c = GetParam();
+    PPRun r = preprocess_text(c.input);
+    EXPECT_EQ(r.err, "");
+    EXPECT_EQ(spellings(r.text), spellings(c.expected)) << r.text;
+}
+
+INSTANTIATE_TEST_SUITE_P(Preprocessor, PreprocessorExpansion, testing::ValuesIn(kExpansionCases),
+                         [](const testing::TestParamInfo<ExpansionCase>& info) { return info.param.name; });
+
+// ---- #if arithmetic ----
+
+struct ConditionCase {
+    const char* expression;
+    bool value;
+};
+
+const ConditionCase kConditionCases[] = {
+    {"1 + 2 * 3 == 7", true},
+    {"(1 + 2) * 3 == 9", true},
+    {"10 - 4 - 3 == 3", true},
+    {"1 << 2 + 1 == 8", true},
+    {"1 | 2 ^ 3 & 4 == 3", true},
+    {"-1 < 0", true},
+    {"-1 < 0u", false},
+    {"-1 > 0U", true},
+    {"0xFFFFFFFFFFFFFFFF == -1", true},
+    {"9223372036854775807 + 1 < 0", true},
+    {"-9223372036854775807 - 1 < 0", true},
+    {"(-9223372036854775807 - 1) / -1 < 0", true},
+    {"(-9223372036854775807 - 1) % -1 == 0", true},
+    {"-7 / 2 == -3 && -7 % 2 == -1", true},
+    {"7u / 2 == 3", true},
+    {"1 << 63 < 0", true},
+    {"1 << 64 == 0", true},
+    {"-8 >> 1 == -4", true},
+    {"-1 >> 70 == -1", true},
+    {"8 >> -1 == 16", true},
+    {"~0u == 18446744073709551615", true},
+    {"!0 + !5 == 1", true},
+    {"(2 || 0) == 1 && (2 && 3) == 1", true},
+    {"1 ? 2 : 3", true},
+    {"0 ? 2 : 0", false},
+    {"(0 ? 1 : -1u) > 0", true},
+    {"0, 1", true},
+    {"1, 0", false},
+    {"017 == 15 && 0x1f == 31 && 0B101 == 5", true},
+    {"10UL == 10 && 10ll == 10 && 10uLL == 10", true},
+    {"'a' == 97 && '\\0' == 0 && '\\x41' == 65 && '\\101' == 65", true},
+    {"'\\377' < 0 && L'\\377' > 0", true},
+    {"'ab' == 24930", true},
+    {"defined FOO", true},
+    {"defined(BAR)", false},
+    {"FOO + FOO == 2 * FOO", true},
+    {"UNDEFINED == 0 && true == 0", true},
+};
+
+TEST(Preprocessor, ConditionValues)
+{
+    for (const ConditionCase& c : kConditionCases) {
+        PPRun r = preprocess_text(std::string("#define FOO 4\n#if ") + c.expression + "\nyes\n#else\nno\n#endif\n");
+        EXPECT_EQ(r.err, "") << c.expression;
+        EXPECT_EQ(body(r), c.value ? "\n\nyes\n" : "\n\n\n\nno\n") << c.expression;
+    }
+}
+
 // ---- Diagnostics ----
 
 struct ErrorCase {

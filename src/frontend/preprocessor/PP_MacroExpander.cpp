@@ -7,6 +7,7 @@
 #include "PP_TokenSource.h"
 #include "PP_VectorSource.h"
 
+#include <algorithm>
 #include <utility>
 
 PP_MacroExpander::PP_MacroExpander(PP_MacroTable& macros, PP_SpellingArena& arena, PP_Reporter& reporter)
@@ -354,8 +355,13 @@ bool PP_MacroExpander::expand(PP_TokenSource& src, PP_Macro& macro, PP_Token& na
 {
     if (macro.builtin != PP_Macro::None)
         return push(macro, {builtin(macro, name)}, name);
-    if (!macro.function_like)
-        return push(macro, macro.body, name);
+    if (!macro.function_like) {
+        std::vector<PP_Token> tokens = macro.body;
+        const auto is_paste = [](const PP_Token& t) { return t.kind == PP_Token::PasteOp; };
+        if (std::any_of(tokens.begin(), tokens.end(), is_paste))
+            paste_all(tokens);
+        return push(macro, std::move(tokens), name);
+    }
     if (!lparen_follows(src))
         return false;
     Args args;
