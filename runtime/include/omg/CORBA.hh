@@ -35,6 +35,8 @@ namespace CORBA {
 
 typedef YV_Cxx::ObjRef_var<TypeCode> TypeCode_var;
 typedef YV_Cxx::ObjRef_out<TypeCode> TypeCode_out;
+typedef YV_Cxx::ObjRef_var<Principal> Principal_var;
+typedef YV_Cxx::ObjRef_out<Principal> Principal_out;
 typedef YV_Cxx::Value_var<ValueBase> ValueBase_var;
 typedef YV_Cxx::Value_out<ValueBase> ValueBase_out;
 typedef YV_Cxx::Fix_var<Fixed> Fixed_var;
