@@ -189,7 +189,7 @@ std::uint32_t IDL_Lexer::file_index(const std::string& name)
 bool IDL_Lexer::run()
 {
     m_file = m_main_file;
-    m_tokens.reserve(m_text.size() / 6 + 16);
+    m_tokens.reserve(m_text.size() / 3 + 16);
     scan();
     IDL_Token end;
     end.kind = IDL_Tok::End;
@@ -706,7 +706,7 @@ void IDL_Lexer::line_marker(const char*& p, const char* eol, bool gcc_form)
             IDL_Directive d;
             d.kind = flag == 1 ? IDL_Directive::FileEnter : IDL_Directive::FileLeave;
             d.name = file;
-            d.loc = IDL_Loc{m_files[index], line, 1};
+            d.loc = IDL_Loc{m_files[index].get(), line, 1};
             d.before = m_tokens.size();
             m_directives.push_back(std::move(d));
         }
@@ -722,7 +722,7 @@ void IDL_Lexer::pragma(const char*& p, const char* eol, long column)
     skip_blanks(p, eol);
     std::string_view kind = word(p, eol);
     IDL_Directive d;
-    d.loc = IDL_Loc{m_files[m_file], m_line, column};
+    d.loc = IDL_Loc{m_files[m_file].get(), m_line, column};
     d.before = m_tokens.size();
     skip_blanks(p, eol);
     bool ok = true;

@@ -41,7 +41,7 @@ public:
     const std::shared_ptr<UTL_String>& file(std::uint32_t i) const { return m_files[i]; }
     // The main file: the one the first line marker names.
     std::uint32_t main_file() const { return m_main_file; }
-    IDL_Loc loc(const IDL_Token& t) const { return IDL_Loc{m_files[t.file], t.line, t.column}; }
+    IDL_Loc loc(const IDL_Token& t) const { return IDL_Loc{m_files[t.file].get(), t.line, t.column}; }
 
     // The keyword a spelling is, or Identifier.
     static IDL_Tok keyword(std::string_view s);

@@ -4,11 +4,10 @@
 
 #include "UTL_String.h"
 
-#include <memory>
-
 struct IDL_Loc {
-    // The file the position lies in, shared by every node and token of it.
-    std::shared_ptr<UTL_String> file;
+    // The file the position lies in; the lexer's file table owns it and
+    // outlives every position.
+    const UTL_String* file = nullptr;
     long line = 0;
     long column = 0;
 

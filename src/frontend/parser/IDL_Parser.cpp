@@ -38,6 +38,7 @@
 #include "idl_msg_header.h"
 
 #include <algorithm>
+#include <cctype>
 #include <set>
 #include <utility>
 
@@ -290,6 +291,46 @@ AST_Decl* IDL_Parser::place(UTL_Scope* s, std::unique_ptr<AST_Decl> d, const IDL
     return s->add_decl(std::move(d));
 }
 
+void IDL_Parser::note_ancestors(UTL_Scope* s, std::size_t direct_bases, const IDL_Token& at)
+{
+    if (direct_bases == 0)
+        return;
+    std::vector<UTL_Scope*>& all = m_ancestors[s];
+    all = IDL_Checks::ancestors(s);
+    // With one direct base, that base was checked when it was defined.
+    if (direct_bases > 1)
+        IDL_Checks::inherited_clashes(all, loc(at));
+}
+
+const std::vector<UTL_Scope*>& IDL_Parser::ancestors_of(UTL_Scope* s) const
+{
+    static const std::vector<UTL_Scope*> none;
+    auto it = m_ancestors.find(s);
+    return it == m_ancestors.end() ? none : it->second;
+}
+
+void IDL_Parser::check_argument_name(UTL_Scope* owner, AST_Decl* arg, const IDL_Token& at)
+{
+    const std::string& name = arg->local_name()->str();
+    auto fold_equal = [](const std::string& a, const std::string& b) {
+        return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+                   return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
+               });
+    };
+    for (const auto& d : owner->decls()) {
+        if (d.get() == arg)
+            break;
+        const std::string& other = d->local_name()->str();
+        if (!fold_equal(name, other))
+            continue;
+        if (other == name)
+            error(IDL_Diag::REDEFINITION, at, {name});
+        else
+            error(IDL_Diag::REDEFINITION_CASE, at, {name, other});
+        return;
+    }
+}
+
 void IDL_Parser::own_anonymous(UTL_Scope* s, TypeSpec& ts)
 {
     for (auto& t : ts.anon)
@@ -485,12 +526,12 @@ void IDL_Parser::module_dcl(UTL_Scope* s)
         AST_Module* previous = last ? last : first;
         m = static_cast<AST_Module*>(place(s, std::make_unique<AST_Module>(Identifier(n), previous), name));
         last = m;
-        m_names.add_opening(m, first, s);
+        m_names.add_opening(m, first);
         m_ids.alias(m, first);
     } else {
         m = static_cast<AST_Module*>(place(s, std::make_unique<AST_Module>(Identifier(n)), name));
         m_names.declare(s, n, m, loc(name));
-        m_names.add_scope(m, s);
+        m_names.add_scope(m);
         m_ids.declared(m);
     }
     ScopeFrame frame(*this, name);
@@ -553,9 +594,9 @@ void IDL_Parser::interface_dcl(UTL_Scope* s, bool is_abstract, bool is_local)
     i->set_flags(is_abstract, is_local);
     i->set_inherits(bases);
     i->set_defined(true);
-    m_names.add_scope(i, s);
+    m_names.add_scope(i);
     m_names.set_bases(i, std::vector<UTL_Scope*>(bases.begin(), bases.end()));
-    IDL_Checks::inherited_clashes(i, m_names, loc(name));
+    note_ancestors(i, bases.size(), name);
     ScopeFrame frame(*this, name);
     body(i, Body::Interface);
     expect(IDL_Tok::RBrace);
@@ -625,11 +666,11 @@ void IDL_Parser::value_dcl(UTL_Scope* s, bool is_abstract, bool is_custom)
     v->set_inherits(bases, truncatable);
     v->set_supports(supports);
     v->set_defined(true);
-    m_names.add_scope(v, s);
+    m_names.add_scope(v);
     std::vector<UTL_Scope*> lookup_bases(bases.begin(), bases.end());
     lookup_bases.insert(lookup_bases.end(), supports.begin(), supports.end());
     m_names.set_bases(v, lookup_bases);
-    IDL_Checks::inherited_clashes(v, m_names, loc(name));
+    note_ancestors(v, lookup_bases.size(), name);
     ScopeFrame frame(*this, name);
     body(v, Body::Value);
     expect(IDL_Tok::RBrace);
@@ -677,7 +718,6 @@ void IDL_Parser::factory_dcl(AST_Value* v)
         error(IDL_Diag::VALUE_ABSTRACT_STATE, kw, {v->local_name()->str()});
     auto* f = static_cast<AST_Factory*>(place(v, std::make_unique<AST_Factory>(Identifier(n)), name));
     m_names.declare(v, n, f, loc(name));
-    m_names.add_scope(f, v);
     Nesting nesting(*this, name);
     expect(IDL_Tok::LParen);
     if (!at(IDL_Tok::RParen)) {
@@ -690,7 +730,7 @@ void IDL_Parser::factory_dcl(AST_Value* v)
             std::string a(an.text);
             AST_Decl* arg = place(
                 f, std::make_unique<AST_Argument>(AST_Argument::dir_IN, ts.type, UTL_IdList(Identifier(a))), an);
-            m_names.declare(f, a, arg, loc(an));
+            check_argument_name(f, arg, an);
             own_anonymous(f, ts);
         } while (accept(IDL_Tok::Comma));
     }
@@ -767,7 +807,7 @@ AST_Type* IDL_Parser::struct_type(UTL_Scope* s, bool allow_forward)
         return forward_dcl<AST_Structure, AST_StructFwd>(s, name, std::make_unique<AST_Structure>(Identifier(n)));
     expect(IDL_Tok::LBrace);
     auto* st = begin_definition(s, name, std::make_unique<AST_Structure>(Identifier(n)));
-    m_names.add_scope(st, s);
+    m_names.add_scope(st);
     {
         ScopeFrame frame(*this, name);
         BeingDefined being(m_being_defined, st);
@@ -812,7 +852,7 @@ AST_Type* IDL_Parser::union_type(UTL_Scope* s, bool allow_forward)
         return forward_dcl<AST_Union, AST_UnionFwd>(s, name, std::make_unique<AST_Union>(Identifier(n), nullptr));
     expect(IDL_Tok::KwSwitch);
     auto* u = begin_definition(s, name, std::make_unique<AST_Union>(Identifier(n), nullptr));
-    m_names.add_scope(u, s);
+    m_names.add_scope(u);
     {
         ScopeFrame frame(*this, name);
         BeingDefined being(m_being_defined, u);
@@ -907,7 +947,7 @@ AST_Type* IDL_Parser::enum_type(UTL_Scope* s)
     auto* e = static_cast<AST_Enum*>(place(s, std::make_unique<AST_Enum>(Identifier(n)), name));
     m_names.declare(s, n, e, loc(name));
     m_ids.declared(e);
-    m_names.add_scope(e, s);
+    m_names.add_scope(e);
     unsigned long ordinal = 0;
     do {
         IDL_Token t = expect_identifier("an enumerator");
@@ -930,7 +970,7 @@ void IDL_Parser::except_dcl(UTL_Scope* s)
     auto* ex = static_cast<AST_Exception*>(place(s, std::make_unique<AST_Exception>(Identifier(n)), name));
     m_names.declare(s, n, ex, loc(name));
     m_ids.declared(ex);
-    m_names.add_scope(ex, s);
+    m_names.add_scope(ex);
     {
         ScopeFrame frame(*this, name);
         members(ex);
@@ -955,10 +995,9 @@ void IDL_Parser::op_dcl(UTL_Scope* s)
         std::make_unique<AST_Operation>(ret.type, oneway ? AST_Operation::OP_oneway : AST_Operation::OP_noflags,
                                         Identifier(n)),
         name));
-    if (IDL_Checks::member_against_bases(s, n, m_names, loc(name)))
+    if (IDL_Checks::member_against_bases(ancestors_of(s), n, m_names, loc(name)))
         m_names.declare(s, n, op, loc(name));
     m_ids.declared(op);
-    m_names.add_scope(op, s);
     own_anonymous(op, ret);
     check_by_value(ret.type, type_at);
     Nesting nesting(*this, name);
@@ -981,7 +1020,7 @@ void IDL_Parser::op_dcl(UTL_Scope* s)
             check_by_value(ts.type, arg_type_at);
             std::string a(an.text);
             AST_Decl* arg = place(op, std::make_unique<AST_Argument>(dir, ts.type, UTL_IdList(Identifier(a))), an);
-            m_names.declare(op, a, arg, loc(an));
+            check_argument_name(op, arg, an);
             own_anonymous(op, ts);
         } while (accept(IDL_Tok::Comma));
     }
@@ -1015,7 +1054,7 @@ void IDL_Parser::attr_dcl(UTL_Scope* s)
         std::string n(name.text);
         auto* a = static_cast<AST_Attribute*>(
             place(s, std::make_unique<AST_Attribute>(readonly, ts.type, Identifier(n)), name));
-        if (IDL_Checks::member_against_bases(s, n, m_names, loc(name)))
+        if (IDL_Checks::member_against_bases(ancestors_of(s), n, m_names, loc(name)))
             m_names.declare(s, n, a, loc(name));
         m_ids.declared(a);
         attrs.push_back(a);

@@ -73,13 +73,12 @@ std::vector<UTL_Scope*> IDL_Checks::ancestors(UTL_Scope* s)
     return out;
 }
 
-void IDL_Checks::inherited_clashes(UTL_Scope* derived, const IDL_Names& names, const IDL_Loc& loc)
+void IDL_Checks::inherited_clashes(const std::vector<UTL_Scope*>& ancestors, const IDL_Loc& loc)
 {
-    (void)names;
     // Folded member name -> the ancestor that declares it; std::map keeps
     // the order of reports independent of hashing.
     std::map<std::string, UTL_Scope*> seen;
-    for (UTL_Scope* a : ancestors(derived)) {
+    for (UTL_Scope* a : ancestors) {
         for (const auto& d : a->decls()) {
             if (!is_member_kind(d.get()))
                 continue;
@@ -91,10 +90,10 @@ void IDL_Checks::inherited_clashes(UTL_Scope* derived, const IDL_Names& names, c
     }
 }
 
-bool IDL_Checks::member_against_bases(UTL_Scope* s, const std::string& name, const IDL_Names& names,
-                                      const IDL_Loc& loc)
+bool IDL_Checks::member_against_bases(const std::vector<UTL_Scope*>& ancestors, const std::string& name,
+                                      const IDL_Names& names, const IDL_Loc& loc)
 {
-    for (UTL_Scope* a : ancestors(s)) {
+    for (UTL_Scope* a : ancestors) {
         AST_Decl* d = names.find_local_folded(a, name);
         if (d && is_member_kind(d)) {
             error(IDL_Diag::MEMBER_CLASH_INHERITED, loc, {name, name_of(a)});

@@ -6,6 +6,7 @@
 
 #include "IDL_Loc.h"
 
+#include <string>
 #include <vector>
 
 class AST_Decl;
@@ -20,13 +21,14 @@ public:
     // or not, each once, in depth-first declaration order; `s` left out.
     static std::vector<UTL_Scope*> ancestors(UTL_Scope* s);
 
-    // Reports an operation or attribute name that two different ancestors of
-    // `derived` declare (inheriting both would be ambiguous).
-    static void inherited_clashes(UTL_Scope* derived, const IDL_Names& names, const IDL_Loc& loc);
-    // Reports when an operation or attribute `name` about to be declared in
-    // `s` is already one of an ancestor; false then.
-    static bool member_against_bases(UTL_Scope* s, const std::string& name, const IDL_Names& names,
-                                     const IDL_Loc& loc);
+    // Reports an operation or attribute name that two different ancestors
+    // (as `ancestors` gives them) declare: inheriting both would be
+    // ambiguous. Only possible with more than one direct base.
+    static void inherited_clashes(const std::vector<UTL_Scope*>& ancestors, const IDL_Loc& loc);
+    // Reports when an operation or attribute `name` about to be declared is
+    // already one of the ancestors; false then.
+    static bool member_against_bases(const std::vector<UTL_Scope*>& ancestors, const std::string& name,
+                                     const IDL_Names& names, const IDL_Loc& loc);
 
     // A oneway operation returns void, has only "in" arguments and raises
     // nothing.

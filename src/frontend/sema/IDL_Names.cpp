@@ -7,23 +7,41 @@
 
 #include <algorithm>
 
+namespace {
+
+char lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+
+struct FoldHash {
+    std::size_t operator()(std::string_view s) const
+    {
+        std::size_t h = 14695981039346656037ULL;
+        for (char c : s)
+            h = (h ^ static_cast<unsigned char>(lower(c))) * 1099511628211ULL;
+        return h;
+    }
+};
+
+struct FoldEqual {
+    bool operator()(std::string_view a, std::string_view b) const
+    {
+        if (a.size() != b.size())
+            return false;
+        for (std::size_t i = 0; i < a.size(); ++i)
+            if (lower(a[i]) != lower(b[i]))
+                return false;
+        return true;
+    }
+};
+
+} // namespace
+
 struct IDL_Names::Table {
-    UTL_Scope* parent = nullptr;
-    std::unordered_map<std::string, AST_Decl*> exact;
-    std::unordered_map<std::string, AST_Decl*> folded;
+    // Keyed by views of the declarations' own names, ignoring case.
+    std::unordered_map<std::string_view, AST_Decl*, FoldHash, FoldEqual> names;
     std::vector<Table*> bases;
 };
 
 namespace {
-
-std::string fold(const std::string& s)
-{
-    std::string out(s);
-    for (char& c : out)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return out;
-}
 
 // Declarations a name in IDL text can refer to (members such as fields,
 // arguments and operations are never named from elsewhere).
@@ -58,7 +76,7 @@ void error(IDL_Diag id, const IDL_Loc& loc, std::initializer_list<std::string> a
 
 } // namespace
 
-IDL_Names::IDL_Names(AST_Root* root) : m_root(root) { add_scope(root, nullptr); }
+IDL_Names::IDL_Names(AST_Root* root) : m_root(root) { add_scope(root); }
 
 IDL_Names::~IDL_Names() = default;
 
@@ -68,22 +86,24 @@ IDL_Names::Table* IDL_Names::table(UTL_Scope* s) const
     return it == m_table_of.end() ? nullptr : it->second;
 }
 
-void IDL_Names::add_scope(UTL_Scope* s, UTL_Scope* parent)
+AST_Decl* IDL_Names::find(const Table* t, std::string_view name)
+{
+    auto it = t->names.find(name);
+    return it == t->names.end() ? nullptr : it->second;
+}
+
+void IDL_Names::add_scope(UTL_Scope* s)
 {
     m_tables.push_back(std::make_unique<Table>());
-    m_tables.back()->parent = parent;
     m_table_of[s] = m_tables.back().get();
 }
 
-void IDL_Names::add_opening(UTL_Scope* opening, UTL_Scope* first, UTL_Scope* parent)
+void IDL_Names::add_opening(UTL_Scope* opening, UTL_Scope* first)
 {
-    (void)parent;
-    Table* t = table(first);
-    if (!t) {
-        add_scope(opening, parent);
-        return;
-    }
-    m_table_of[opening] = t;
+    if (Table* t = table(first))
+        m_table_of[opening] = t;
+    else
+        add_scope(opening);
 }
 
 void IDL_Names::set_bases(UTL_Scope* s, std::vector<UTL_Scope*> bases)
@@ -98,28 +118,23 @@ void IDL_Names::set_bases(UTL_Scope* s, std::vector<UTL_Scope*> bases)
                 t->bases.push_back(bt);
 }
 
-UTL_Scope* IDL_Names::parent(UTL_Scope* s) const
+UTL_Scope* IDL_Names::parent(UTL_Scope* s)
 {
-    Table* t = table(s);
-    return t ? t->parent : nullptr;
+    AST_Decl* d = ScopeAsDecl(s);
+    return d ? d->defined_in() : nullptr;
 }
 
 AST_Decl* IDL_Names::find_local(UTL_Scope* s, const std::string& name) const
 {
     Table* t = table(s);
-    if (!t)
-        return nullptr;
-    auto it = t->exact.find(name);
-    return it == t->exact.end() ? nullptr : it->second;
+    AST_Decl* d = t ? find(t, name) : nullptr;
+    return d && d->local_name()->str() == name ? d : nullptr;
 }
 
 AST_Decl* IDL_Names::find_local_folded(UTL_Scope* s, const std::string& name) const
 {
     Table* t = table(s);
-    if (!t)
-        return nullptr;
-    auto it = t->folded.find(fold(name));
-    return it == t->folded.end() ? nullptr : it->second;
+    return t ? find(t, name) : nullptr;
 }
 
 bool IDL_Names::declare(UTL_Scope* s, const std::string& name, AST_Decl* d, const IDL_Loc& loc)
@@ -127,26 +142,16 @@ bool IDL_Names::declare(UTL_Scope* s, const std::string& name, AST_Decl* d, cons
     Table* t = table(s);
     if (!t)
         return false;
-    auto it = t->folded.find(fold(name));
-    if (it != t->folded.end()) {
-        const std::string& old = it->second->local_name()->str();
-        if (old == name)
+    if (AST_Decl* old = find(t, name)) {
+        const std::string& old_name = old->local_name()->str();
+        if (old_name == name)
             error(IDL_Diag::REDEFINITION, loc, {name});
         else
-            error(IDL_Diag::REDEFINITION_CASE, loc, {name, old});
+            error(IDL_Diag::REDEFINITION_CASE, loc, {name, old_name});
         return false;
     }
-    t->exact.emplace(name, d);
-    t->folded.emplace(fold(name), d);
+    t->names.emplace(std::string_view(d->local_name()->str()), d);
     return true;
-}
-
-void IDL_Names::enter(UTL_Scope* s, const std::string& name, AST_Decl* d)
-{
-    if (Table* t = table(s)) {
-        t->exact.emplace(name, d);
-        t->folded.emplace(fold(name), d);
-    }
 }
 
 void IDL_Names::add_builtin(const std::string& name, AST_Decl* d, bool unqualified_too)
@@ -174,10 +179,10 @@ void IDL_Names::collect(Table* t, const std::string& name, std::vector<AST_Decl*
     if (std::find(visited.begin(), visited.end(), t) != visited.end())
         return;
     visited.push_back(t);
-    auto it = t->exact.find(name);
-    if (it != t->exact.end()) {
-        if (std::find(found.begin(), found.end(), it->second) == found.end())
-            found.push_back(it->second);
+    AST_Decl* d = find(t, name);
+    if (d && d->local_name()->str() == name) {
+        if (std::find(found.begin(), found.end(), d) == found.end())
+            found.push_back(d);
         return;
     }
     for (Table* b : t->bases)
@@ -187,14 +192,14 @@ void IDL_Names::collect(Table* t, const std::string& name, std::vector<AST_Decl*
 AST_Decl* IDL_Names::member(Table* t, const std::string& name, AST_Decl*& other, const IDL_Loc& loc, bool& failed)
 {
     other = nullptr;
-    auto it = t->exact.find(name);
-    if (it != t->exact.end())
-        return it->second;
-    auto f = t->folded.find(fold(name));
-    if (f != t->folded.end() && referable(f->second)) {
-        error(IDL_Diag::NAME_CASE_MISMATCH, loc, {name, f->second->local_name()->str()});
-        failed = true;
-        return nullptr;
+    if (AST_Decl* d = find(t, name)) {
+        if (d->local_name()->str() == name)
+            return d;
+        if (referable(d)) {
+            error(IDL_Diag::NAME_CASE_MISMATCH, loc, {name, d->local_name()->str()});
+            failed = true;
+            return nullptr;
+        }
     }
     if (t->bases.empty())
         return nullptr;

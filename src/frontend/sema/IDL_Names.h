@@ -2,10 +2,13 @@
 // by the IDL rules: outward through the enclosing scopes, into the bases of
 // interfaces and value types, across every opening of a module.
 //
-// Each scope has a hash table of its names (exact and case-folded), filled
-// as declarations are added, so lookup does not grow with scope size. All
+// Each scope has a hash table of its names, filled as declarations are
+// added, so lookup does not grow with scope size. The table hashes and
+// compares names ignoring case (one scope never holds two names that differ
+// only in case) and keys them by views of the declarations' own names. All
 // openings of one module share one table, which therefore holds exactly the
-// openings seen so far.
+// openings seen so far. Operations and factories have no table: their
+// arguments are never looked up by name.
 #ifndef IDL_NAMES_H
 #define IDL_NAMES_H
 
@@ -14,6 +17,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -28,10 +32,10 @@ public:
     IDL_Names(const IDL_Names&) = delete;
     IDL_Names& operator=(const IDL_Names&) = delete;
 
-    // A new scope, enclosed by `parent`.
-    void add_scope(UTL_Scope* s, UTL_Scope* parent);
+    // A new scope.
+    void add_scope(UTL_Scope* s);
     // A later opening of the module whose first opening is `first`.
-    void add_opening(UTL_Scope* opening, UTL_Scope* first, UTL_Scope* parent);
+    void add_opening(UTL_Scope* opening, UTL_Scope* first);
     // The bases of an interface or value type (interfaces it supports too),
     // searched after its own names.
     void set_bases(UTL_Scope* s, std::vector<UTL_Scope*> bases);
@@ -47,8 +51,6 @@ public:
     // name, ignoring case, is there already; then reports the clash at
     // `loc` and answers false.
     bool declare(UTL_Scope* s, const std::string& name, AST_Decl* d, const IDL_Loc& loc);
-    // Enters `d` without checks (a name made visible in a second scope).
-    void enter(UTL_Scope* s, const std::string& name, AST_Decl* d);
 
     // A name the language predefines, found when nothing declared matches:
     // `name` alone ("TypeCode") or qualified by CORBA ("CORBA::TypeCode").
@@ -58,12 +60,13 @@ public:
     // or ambiguous name at the offending component and answers null.
     AST_Decl* resolve(UTL_Scope* from, const IDL_ScopedName& n);
 
-    // The enclosing scope recorded for `s`.
-    UTL_Scope* parent(UTL_Scope* s) const;
+    // The scope enclosing `s`.
+    static UTL_Scope* parent(UTL_Scope* s);
 
 private:
     struct Table;
     Table* table(UTL_Scope* s) const;
+    static AST_Decl* find(const Table* t, std::string_view name);
     // A member of the scope of `t`, searching the bases; sets `ambiguous`
     // (with the two candidates) when bases give different declarations.
     AST_Decl* member(Table* t, const std::string& name, AST_Decl*& other, const IDL_Loc& loc, bool& failed);

@@ -5,6 +5,8 @@
 #include "IDL_Diagnostics.h"
 #include "UTL_Scope.h"
 
+#include <algorithm>
+
 namespace {
 
 // The declaration and its enclosing scopes, outermost first, root left out.
@@ -38,7 +40,7 @@ bool valid_version(const std::string& v)
 
 } // namespace
 
-IDL_RepoIds::IDL_RepoIds() { m_frames.push_back(Frame()); }
+IDL_RepoIds::IDL_RepoIds() : m_frames(1), m_prefixes(1) {}
 
 void IDL_RepoIds::enter_scope() { m_frames.push_back(m_frames.back()); }
 
@@ -54,45 +56,25 @@ void IDL_RepoIds::leave_file() { leave_scope(); }
 
 void IDL_RepoIds::set_prefix(const std::string& prefix, std::size_t depth)
 {
-    m_frames.back().prefix = prefix;
+    std::size_t i = 0;
+    while (i < m_prefixes.size() && m_prefixes[i] != prefix)
+        ++i;
+    if (i == m_prefixes.size())
+        m_prefixes.push_back(prefix);
+    m_frames.back().prefix = i;
     m_frames.back().depth = depth;
 }
 
-IDL_RepoIds::Entry* IDL_RepoIds::entry(AST_Decl* d)
-{
-    auto it = m_index.find(d);
-    return it == m_index.end() ? nullptr : &m_entries[it->second];
-}
+void IDL_RepoIds::declared(AST_Decl* d) { m_entries.push_back(Entry{d, nullptr, m_frames.back().prefix, m_frames.back().depth}); }
 
-void IDL_RepoIds::declared(AST_Decl* d)
-{
-    if (m_index.count(d))
-        return;
-    m_index.emplace(d, m_entries.size());
-    m_entries.push_back(Entry{d, nullptr, m_frames.back().prefix, m_frames.back().depth, {}, {}});
-}
-
-void IDL_RepoIds::alias(AST_Decl* d, AST_Decl* same)
-{
-    if (m_index.count(d))
-        return;
-    m_index.emplace(d, m_entries.size());
-    m_entries.push_back(Entry{d, same, {}, 0, {}, {}});
-}
+void IDL_RepoIds::alias(AST_Decl* d, AST_Decl* same) { m_entries.push_back(Entry{d, same, 0, 0}); }
 
 void IDL_RepoIds::set_id(AST_Decl* d, const std::string& id, const IDL_Loc& loc)
 {
-    Entry* e = entry(d);
-    while (e && e->same)
-        e = entry(e->same);
-    if (!e)
-        return;
-    if (!e->id.empty() && e->id != id) {
+    auto ins = m_ids.emplace(d, id);
+    if (!ins.second && ins.first->second != id)
         IDL_Diagnostics::error(IDL_Diag::REPOID_TWICE, loc.file_name(), loc.line, loc.column,
-                               {d->local_name()->str(), e->id});
-        return;
-    }
-    e->id = id;
+                               {d->local_name()->str(), ins.first->second});
 }
 
 void IDL_RepoIds::set_version(AST_Decl* d, const std::string& version, const IDL_Loc& loc)
@@ -101,61 +83,55 @@ void IDL_RepoIds::set_version(AST_Decl* d, const std::string& version, const IDL
         IDL_Diagnostics::error(IDL_Diag::BAD_VERSION, loc.file_name(), loc.line, loc.column, {version});
         return;
     }
-    Entry* e = entry(d);
-    while (e && e->same)
-        e = entry(e->same);
-    if (e)
-        e->version = version;
+    m_versions[d] = version;
 }
 
 void IDL_RepoIds::set_typeprefix(AST_Decl* d, const std::string& prefix) { m_typeprefix[first_opening(d)] = prefix; }
 
 std::string IDL_RepoIds::make_id(const Entry& e) const
 {
-    if (!e.id.empty())
-        return e.id;
+    if (!m_ids.empty()) {
+        auto it = m_ids.find(e.decl);
+        if (it != m_ids.end())
+            return it->second;
+    }
     std::vector<AST_Decl*> chain = chain_of(e.decl);
-    std::string prefix = e.prefix;
-    std::size_t skip = e.depth;
+    const std::string* prefix = &m_prefixes[e.prefix];
+    std::size_t skip = std::min(e.depth, chain.size() - 1);
     if (!m_typeprefix.empty()) {
         // The innermost scope with a typeprefix, the declaration itself included.
         for (std::size_t i = chain.size(); i-- > 0;) {
             auto it = m_typeprefix.find(first_opening(chain[i]));
             if (it != m_typeprefix.end()) {
-                prefix = it->second;
+                prefix = &it->second;
                 skip = i;
                 break;
             }
         }
     }
-    std::string id = "IDL:" + prefix;
-    bool first = prefix.empty();
+    std::string id = "IDL:" + *prefix;
+    bool first = prefix->empty();
     for (std::size_t i = skip; i < chain.size(); ++i) {
         if (!first)
             id += '/';
         id += chain[i]->local_name()->str();
         first = false;
     }
-    return id + ":" + (e.version.empty() ? "1.0" : e.version);
+    std::string version = "1.0";
+    if (!m_versions.empty()) {
+        auto it = m_versions.find(e.decl);
+        if (it != m_versions.end())
+            version = it->second;
+    }
+    return id + ":" + version;
 }
 
 void IDL_RepoIds::assign()
 {
-    for (Entry& e : m_entries) {
-        if (e.same)
-            continue;
-        e.decl->set_repoID(make_id(e));
-    }
-    for (Entry& e : m_entries) {
+    for (const Entry& e : m_entries)
         if (!e.same)
-            continue;
-        const Entry* target = &e;
-        for (int guard = 0; target->same && guard < 64; ++guard) {
-            const Entry* next = entry(target->same);
-            if (!next)
-                break;
-            target = next;
-        }
-        e.decl->set_repoID(target->decl->repoID());
-    }
+            e.decl->set_repoID(make_id(e));
+    for (const Entry& e : m_entries)
+        if (e.same)
+            e.decl->set_repoID(e.same->repoID());
 }

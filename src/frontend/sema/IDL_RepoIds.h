@@ -33,7 +33,8 @@ public:
     // file scope.
     void set_prefix(const std::string& prefix, std::size_t depth);
 
-    // `d` gets an id, under the prefix now in effect.
+    // `d` gets an id, under the prefix now in effect. A declaration
+    // recorded twice (forward, then defined) takes the later prefix.
     void declared(AST_Decl* d);
     // `d` has the id of `same` (later module openings, forward declarations).
     void alias(AST_Decl* d, AST_Decl* same);
@@ -50,24 +51,25 @@ public:
 
 private:
     struct Frame {
-        std::string prefix;
+        std::size_t prefix = 0;  // index into m_prefixes
         std::size_t depth = 0;
     };
     struct Entry {
         AST_Decl* decl;
-        AST_Decl* same = nullptr;
-        std::string prefix;
-        std::size_t depth = 0;
-        std::string id;
-        std::string version;
+        AST_Decl* same;
+        std::size_t prefix;
+        std::size_t depth;
     };
-    Entry* entry(AST_Decl* d);
     std::string make_id(const Entry& e) const;
 
     std::vector<Frame> m_frames;
+    // Every prefix text set, the empty one first.
+    std::vector<std::string> m_prefixes;
+    // In declaration order; a later entry of the same declaration wins.
     std::vector<Entry> m_entries;
-    std::unordered_map<const AST_Decl*, std::size_t> m_index;
-    // typeprefix by the declaration of the scope named.
+    // Explicit ids and versions, and typeprefixes by the scope named.
+    std::unordered_map<const AST_Decl*, std::string> m_ids;
+    std::unordered_map<const AST_Decl*, std::string> m_versions;
     std::unordered_map<const AST_Decl*, std::string> m_typeprefix;
 };
 
