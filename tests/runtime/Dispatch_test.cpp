@@ -3,6 +3,8 @@
 // exceptions, attributes, inherited and standard operations, TIE servants.
 #include "BankS.hh"
 
+#include <omg/MessagingS.hh>
+
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -341,6 +343,22 @@ TEST_P(DispatchTest, TieServantsForwardToTheirObject)
         ref->label("kept");
     }
     EXPECT_STREQ(kept.name.in(), "kept");
+}
+
+TEST_P(DispatchTest, ReplyHandlerBaseSkeleton)
+{
+    class Handler : public virtual POA_Messaging::ReplyHandler {
+    };
+    Handler handler;
+    Messaging::ReplyHandler_var ref = handler._this();
+    EXPECT_TRUE(ref->_is_a("IDL:omg.org/Messaging/ReplyHandler:1.0"));
+    EXPECT_FALSE(ref->_is_a("IDL:Bank/Base:1.0"));
+    CORBA::Object_var plain = CORBA::Object::_duplicate(ref.in());
+    Messaging::ReplyHandler_var narrowed = Messaging::ReplyHandler::_narrow(plain.in());
+    EXPECT_TRUE(narrowed->_is_equivalent(ref.in()));
+    EXPECT_EQ(POA_Messaging::ReplyHandler::_narrow(&handler), &handler);
+    EXPECT_EQ(POA_Bank::Base::_narrow(&handler), nullptr);
+    EXPECT_EQ(Bank::Base::_narrow(plain.in()), nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(BothPaths, DispatchTest,
