@@ -31,12 +31,12 @@ protected:
 };
 
 // Usage values given to streamable constructors. The dispatch functions give
-// the direction of the value with bit 0x20 set. Whatever the usage, a
-// streamable bound to a raw pointer slot (char**, T**, A_slice** ...) owns
-// what the slot points to: it clears the slot on construction and frees its
-// value on destruction; such slots are fresh locals of a dispatch function.
-// A caller that binds a streamable to a slot whose value it keeps (a
-// proxy's out argument) adds usage_borrow.
+// the direction of the value with bit 0x20 set. A streamable bound to a raw
+// pointer slot (char**, T**, A_slice** ...) owns what the slot points to: it
+// clears the slot on construction and frees its value on destruction, as
+// such slots are fresh locals of a dispatch function. The one exception is
+// usage_borrow: a caller that binds a streamable to a slot whose value it
+// keeps (a proxy's out argument or result) adds it.
 namespace YV_Cxx {
 enum Usage : long {
     usage_none = 0,

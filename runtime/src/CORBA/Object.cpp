@@ -9,7 +9,6 @@
 #include "zantic_sys/YV_Cxx_NV/StackBasedNamedValue.h"
 #include "zantic_sys/YV_Runtime.h"
 
-#include <cstring>
 #include <functional>
 #include <string>
 
