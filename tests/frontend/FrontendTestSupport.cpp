@@ -95,18 +95,23 @@ std::string raises_text(const UTL_ExceptList* l)
     return out;
 }
 
-void dump_decl(std::ostream& os, AST_Decl* d, int level, bool local_type);
+enum class Place { Decl, Local, Pending };
+
+void dump_decl(std::ostream& os, AST_Decl* d, int level, Place place);
 
 void dump_scope(std::ostream& os, UTL_Scope* s, int level)
 {
     for (const auto& t : s->local_types())
-        dump_decl(os, t.get(), level, true);
+        dump_decl(os, t.get(), level, Place::Local);
     for (const auto& d : s->decls())
-        dump_decl(os, d.get(), level, false);
+        dump_decl(os, d.get(), level, Place::Decl);
+    for (const auto& d : s->pending())
+        dump_decl(os, d.get(), level, Place::Pending);
 }
 
-void dump_decl(std::ostream& os, AST_Decl* d, int level, bool local_type)
+void dump_decl(std::ostream& os, AST_Decl* d, int level, Place place)
 {
+    bool local_type = place == Place::Local;
     if (d->node_type() == AST_Decl::NT_pre_defined || d->node_type() == AST_Decl::NT_object ||
         d->node_type() == AST_Decl::NT_valuebase)
         return;
@@ -115,6 +120,8 @@ void dump_decl(std::ostream& os, AST_Decl* d, int level, bool local_type)
     os << std::string(static_cast<std::size_t>(level) * 2, ' ');
     if (local_type)
         os << "local ";
+    if (place == Place::Pending)
+        os << "pending ";
     switch (d->node_type()) {
     case AST_Decl::NT_module: {
         auto* m = AST_Module::narrow_from_decl(d);
