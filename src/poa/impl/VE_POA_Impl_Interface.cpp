@@ -30,6 +30,7 @@
 #include "YV_hash_string.h"
 #include "idl_msg_header.h"
 
+#include <initializer_list>
 #include <iostream>
 #include <memory>
 #include <new>
