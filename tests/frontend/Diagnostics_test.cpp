@@ -107,6 +107,8 @@ std::vector<BadInput> cases()
         // Types.
         {"forward_by_value", "struct S;\nstruct T {\n  S s;\n};\nstruct S { long a; };", "main.idl:3",
          "'S' is not completely defined here"},
+        {"never_defined", "module M {\n  union U;\n  typedef sequence<U> Us;\n};", "main.idl:2",
+         "'U' is forward-declared but never defined"},
         {"recursive_by_value", "struct S {\n  S next;\n};", "main.idl:2", "'S' is not completely defined here"},
         {"union_by_value", "union U;\ntypedef U Arr[2];\nstruct T { Arr a; };", "main.idl:3",
          "'U' is not completely defined here"},

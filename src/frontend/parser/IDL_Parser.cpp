@@ -147,8 +147,25 @@ void IDL_Parser::parse()
     try {
         body(m_root, Body::File);
     } catch (const Abort&) {
-        // Reported where it happened.
+        // Reported where it happened; the tree is incomplete.
+        return;
     }
+    undefined_forwards(m_root);
+}
+
+void IDL_Parser::undefined_forwards(UTL_Scope* s)
+{
+    // Structures and unions must be defined in the same specification;
+    // interfaces and value types may stay forward-declared.
+    for (const auto& d : s->pending()) {
+        AST_Decl::NodeType k = d->node_type();
+        if (k == AST_Decl::NT_struct || k == AST_Decl::NT_union)
+            IDL_Diagnostics::error(IDL_Diag::FORWARD_NEVER_DEFINED, d->file_name() ? d->file_name()->str() : "",
+                                   d->line(), 1, {d->local_name()->str()});
+    }
+    for (const auto& d : s->decls())
+        if (UTL_Scope* inner = DeclAsScope(d.get()))
+            undefined_forwards(inner);
 }
 
 // ---------------------------------------------------------------- tokens

@@ -84,6 +84,9 @@ private:
     void recover(std::size_t start, Body body);
     void handle_directives(UTL_Scope* s);
 
+    // Reports forward-declared structures and unions left undefined.
+    void undefined_forwards(UTL_Scope* s);
+
     // Building.
     void set_position(AST_Decl* d, const IDL_Token& t) const;
     AST_Decl* place(UTL_Scope* s, std::unique_ptr<AST_Decl> d, const IDL_Token& at);
