@@ -161,3 +161,58 @@ TEST(TreeShape, ReparsingGivesTheSameTree)
 }
 
 } // namespace
+
+namespace {
+
+// Valid input that a too-strict check would reject.
+struct GoodInput {
+    const char* name;
+    const char* text;
+};
+
+void PrintTo(const GoodInput& c, std::ostream* os) { *os << c.name; }
+
+const GoodInput kGood[] = {
+    {"diamond", "interface A { void f(); }; interface B : A {}; interface C : A {}; interface D : B, C { void g(); };"},
+    {"member_named_like_type", "typedef string Name; struct S { Name name; Name other; };\n"
+                               "interface I { attribute Name name; void set(in Name name); };"},
+    {"shadowing_type_in_derived", "interface A { typedef long T; }; interface B : A { typedef short T; T f(); };"},
+    {"type_through_base", "interface A { struct S { long x; }; }; interface B : A { S get(); };"},
+    {"escaped_keywords", "module _module { typedef long _interface; struct _struct { _interface _long; }; };"},
+    {"later_keywords_as_names", "typedef long Factory; enum ValueType { Public, Private }; typedef ValueType Custom;"},
+    {"typecode_everywhere", "typedef TypeCode T1; typedef CORBA::TypeCode T2; typedef ::CORBA::TypeCode T3;\n"
+                            "module CORBA { typedef TypeCode T4; interface X { TypeCode tc(); }; };"},
+    {"object_and_valuebase", "interface I { Object o(in CORBA::Object a); ValueBase v(in CORBA::ValueBase b); };"},
+    {"recursion_through_typedef", "struct S; typedef sequence<S> Ss; struct S { Ss children; };"},
+    {"union_recursion", "union U switch (long) { case 1: sequence<U> list; default: long leaf; };"},
+    {"forward_after_definition", "interface I {}; interface I; struct S { long a; }; struct S;"},
+    {"enumerator_label_scoped", "module M { enum E { a, b }; }; union U switch (M::E) { case M::a: long x; case M::b: long y; };"},
+    {"nested_template_close", "typedef sequence<sequence<sequence<long>>> Cube; typedef sequence<string<5>> S5;"},
+    {"bound_expressions", "const long N = 4; typedef sequence<long, N * 2> S; typedef long A[N][N + 1]; typedef string<(N >> 1)> Str;"},
+    {"attribute_raises", "exception E {}; interface I { readonly attribute long r raises (E);\n"
+                         "attribute long w getraises (E) setraises (E); attribute long x setraises (E); };"},
+    {"context_clause", "interface I { void f() context (\"USER\", \"LANG*\"); };"},
+    {"abstract_and_local", "abstract interface A {}; local interface L : A {}; interface I : A {};"},
+    {"value_supports_abstract", "abstract interface A { void f(); }; interface C {};\n"
+                                "valuetype V supports A, C { public long x; };"},
+    {"reopened_lookup", "module M { typedef long T; }; module N { typedef M::T U; }; module M { typedef T V; };"},
+    {"inherited_constant_in_bound", "interface A { const long N = 3; }; interface B : A { typedef long Arr[N]; };"},
+    {"typeprefix_inside", "module M { typeprefix M \"acme.com\"; interface I {}; };"},
+    {"pragmas_mid_scope", "module M {\n#pragma prefix \"x.org\"\n  interface I {};\n#pragma ID I \"IDL:x/I:1.0\"\n};"},
+    {"empty_bodies", "module M { interface I {}; exception E {}; valuetype V {}; };"},
+};
+
+class Accepted : public testing::TestWithParam<GoodInput> {};
+
+TEST_P(Accepted, ParsesWithoutDiagnostics)
+{
+    fetest::Parsed p = fetest::parse(GetParam().text);
+    EXPECT_TRUE(p.data);
+    EXPECT_EQ(p.errors, 0);
+    EXPECT_EQ(p.err, "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, Accepted, testing::ValuesIn(kGood),
+                         [](const testing::TestParamInfo<GoodInput>& info) { return std::string(info.param.name); });
+
+} // namespace

@@ -1333,7 +1333,9 @@ IDL_ScopedName IDL_Parser::scoped_name()
     if (accept(IDL_Tok::ColonColon))
         n.global = true;
     for (;;) {
-        IDL_Token t = expect_identifier("a name");
+        // "CORBA::Object" and "CORBA::ValueBase" name keywords after "::".
+        bool keyword_part = !n.parts.empty() && (at(IDL_Tok::KwObject) || at(IDL_Tok::KwValueBase));
+        IDL_Token t = keyword_part ? expect(cur().kind) : expect_identifier("a name");
         n.parts.emplace_back(t.text);
         n.locs.push_back(loc(t));
         if (!at(IDL_Tok::ColonColon))
