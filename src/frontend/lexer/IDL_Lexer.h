@@ -27,6 +27,9 @@ class IDL_Lexer {
 public:
     // `file_name` names the text until a line marker says otherwise.
     IDL_Lexer(std::string_view text, const std::string& file_name);
+    IDL_Lexer(const char* text, const std::string& file_name) : IDL_Lexer(std::string_view(text), file_name) {}
+    // The text must outlive the lexer: no temporaries.
+    IDL_Lexer(std::string&& text, const std::string& file_name) = delete;
 
     // Tokenizes the whole text; the last token is End. Errors are reported
     // and counted; false when there were any.

@@ -436,7 +436,7 @@ AST_Expression IDL_ConstEval::coerce(const Value& v, AST_Type* declared, const I
         IDL_Decimal d = to_decimal(v);
         auto* f = AST_Fixed::narrow_from_decl(t);
         if (f && f->digits() > 0) {
-            d = d.truncated(f->scale());
+            d = d.rescaled(f->scale());
             if (d.integer_digits() > f->digits() - f->scale())
                 return out_of_range();
             return AST_Expression::fixed_value(d.text(), f->digits(), f->scale());

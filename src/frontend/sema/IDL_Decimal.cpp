@@ -186,11 +186,14 @@ unsigned IDL_Decimal::digits() const
     return std::max(len, m_scale);
 }
 
-IDL_Decimal IDL_Decimal::truncated(unsigned scale) const
+IDL_Decimal IDL_Decimal::rescaled(unsigned scale) const
 {
-    if (scale >= m_scale)
-        return *this;
     IDL_Decimal r = *this;
+    if (scale >= m_scale) {
+        r.m_digits = shift(m_digits, scale - m_scale);
+        r.m_scale = scale;
+        return r;
+    }
     unsigned drop = m_scale - scale;
     r.m_digits = drop >= m_digits.size() ? "0" : m_digits.substr(0, m_digits.size() - drop);
     r.m_scale = scale;
@@ -215,7 +218,7 @@ bool IDL_Decimal::fit()
     if (integer_digits() > kMaxDigits)
         return false;
     if (digits() > kMaxDigits)
-        *this = truncated(kMaxDigits - integer_digits());
+        *this = rescaled(kMaxDigits - integer_digits());
     return true;
 }
 

@@ -35,8 +35,9 @@ public:
     // Digits before the point.
     unsigned integer_digits() const { return digits() - m_scale; }
 
-    // Drops fraction digits beyond `scale` (truncating).
-    IDL_Decimal truncated(unsigned scale) const;
+    // The value with `scale` fraction digits: digits beyond it are dropped
+    // (truncating), missing ones added as zeros.
+    IDL_Decimal rescaled(unsigned scale) const;
     // Drops trailing zero fraction digits.
     IDL_Decimal normalized() const;
     // Truncates fraction digits until the value has at most kMaxDigits
