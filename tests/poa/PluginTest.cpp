@@ -1,6 +1,14 @@
 // The plug-in's frame: entry points, usage text, load-time registration,
 // narrowing and the factory table.
+#include "AST_Interface.h"
+#include "AST_InterfaceFwd.h"
+#include "AST_Module.h"
+#include "AST_Root.h"
+#include "AST_Structure.h"
+#include "AST_Value.h"
+#include "CPPResolver.h"
 #include "GEN_POACxx.h"
+#include "POA_OutputVisitor.h"
 #include "POACxxInit.h"
 #include "VIS_POA_HH_Factory.h"
 #include "VIS_POA_Impl_Factory.h"
@@ -10,6 +18,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <set>
 #include <sstream>
 #include <string>
@@ -126,6 +135,50 @@ TEST(Plugin, FactoryTableHoldsTheFourteenFactories)
     // Filling the table again replaces, never adds.
     gen.init_factory_finder();
     EXPECT_EQ(ff->size(), 14u);
+}
+
+template <class T, class... Args>
+T* add(UTL_Scope* scope, Args&&... args)
+{
+    return static_cast<T*>(scope->add_decl(std::make_unique<T>(std::forward<Args>(args)...)));
+}
+
+// Only a declaration defined at file scope gets "POA_"; names are the
+// resolver's, clash prefix included.
+TEST(Plugin, SkeletonNamesPrefixOnlyTheOutermostComponent)
+{
+    AST_Root root;
+    auto* m = add<AST_Module>(&root, Identifier("M"));
+    auto* n = add<AST_Module>(m, Identifier("N"));
+    auto* i = add<AST_Interface>(n, Identifier("I"), false, false);
+    auto* account = add<AST_Interface>(&root, Identifier("Account"), false, false);
+    auto* abstract = add<AST_Interface>(&root, Identifier("Shape"), true, false);
+    auto* keyword = add<AST_Interface>(&root, Identifier("class"), false, false);
+    auto* fwd = add<AST_InterfaceFwd>(&root, Identifier("Later"), nullptr);
+    auto* value = add<AST_Value>(&root, Identifier("V"), false, false);
+    auto* inner_value = add<AST_Value>(m, Identifier("W"), false, false);
+    auto* strukt = add<AST_Structure>(&root, Identifier("S"));
+
+    GEN_POACxx gen;
+    CPPResolver resolver(&gen);
+    resolver.set_clash_prefix("_cxx_");
+    resolver.resolve_clashes(&root);
+
+    struct Case {
+        AST_Decl* decl;
+        const char* name;
+    };
+    for (const Case& c : {Case{account, "POA_Account"}, Case{abstract, "POA_Shape"}, Case{keyword, "POA__cxx_class"},
+                          Case{fwd, "POA_Later"}, Case{value, "POA_V"}, Case{inner_value, "W"}, Case{m, "POA_M"},
+                          Case{n, "N"}, Case{i, "I"}, Case{strukt, "S"}})
+        EXPECT_EQ(POA_OutputVisitor::skeleton_name(resolver, c.decl), c.name);
+
+    EXPECT_EQ(POA_OutputVisitor::skeleton_scoped_name(resolver, i, "::"), "POA_M::N::I");
+    EXPECT_EQ(POA_OutputVisitor::skeleton_scoped_name(resolver, i, "_"), "POA_M_N_I");
+    EXPECT_EQ(POA_OutputVisitor::skeleton_name_in_scope(resolver, i, n, "::"), "I");
+    EXPECT_EQ(POA_OutputVisitor::skeleton_name_in_scope(resolver, i, m, "::"), "N::I");
+    EXPECT_EQ(POA_OutputVisitor::skeleton_name_in_scope(resolver, i, &root, "::"), "POA_M::N::I");
+    EXPECT_EQ(POA_OutputVisitor::skeleton_name_in_scope(resolver, account, n, "::"), "POA_Account");
 }
 
 // The library exports exactly two unmangled functions of its own.

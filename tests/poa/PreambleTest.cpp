@@ -15,20 +15,20 @@
 
 namespace {
 
-// The text that the base generator writes into every header and file.
+// The text that the base generator writes into both files for this plug-in.
 std::string copyright()
 {
-    GEN_CPlusPlus base;
+    GEN_POACxx gen;
     std::ostringstream s;
-    base.output_copyright(s);
+    gen.output_copyright(s);
     return s.str();
 }
 
 std::string os_specific()
 {
-    GEN_CPlusPlus base;
+    GEN_POACxx gen;
     std::ostringstream s;
-    base.output_os_specific_header_stuff(s);
+    gen.output_os_specific_header_stuff(s);
     return s.str();
 }
 
@@ -61,6 +61,7 @@ struct PreambleCase {
     const char* options;
     std::map<std::string, std::string> files;
     std::string includes;    // every include line of the header
+    std::string hh = "";     // the header's file name, when not testS.hh
 };
 
 std::ostream& operator<<(std::ostream& os, const PreambleCase& c) { return os << c.name; }
@@ -70,7 +71,7 @@ class HeaderPreamble : public testing::TestWithParam<PreambleCase> {};
 TEST_P(HeaderPreamble, IsWrittenExactly)
 {
     const PreambleCase& c = GetParam();
-    poatest::PoaRun run = poatest::run_poa(c.idl, c.options, "test.idl", c.files);
+    poatest::PoaRun run = poatest::run_poa(c.idl, c.options, "test.idl", c.files, c.hh);
     ASSERT_TRUE(run.parsed) << run.err;
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.hh, empty_header("test", c.includes));
@@ -101,9 +102,9 @@ const PreambleCase PREAMBLE_CASES[] = {
     {"last_idl_replaced", "#include \"v.idl/b.idl\"\n", nullptr, INCLUDED,
      STANDARD + "#include \"v.idl/bS.hh\"\n#include \"test.hh\"\n"},
     {"flag_picks_standard_extension", "#include \"bar.idl\"\n#include <sys/base.idl>\n", "-hhpp", INCLUDED,
-     STANDARD + "#include \"barS.hpp\"\n#include <sys/baseS.hh>\n#include \"test.hh\"\n"},
+     STANDARD + "#include \"barS.hpp\"\n#include <sys/baseS.hh>\n#include \"test.hh\"\n", "testS.hpp"},
     {"extension_with_dot", "#include \"bar.idl\"\n", "-h_s.h", INCLUDED,
-     STANDARD + "#include \"bar_s.h\"\n#include \"test.hh\"\n"},
+     STANDARD + "#include \"bar_s.h\"\n#include \"test.hh\"\n", "test_s.h"},
     {"messaging_by_callbacks", "const long X = 1;\n", "-xAMICallbacks", {},
      STANDARD + "#include <omg/MessagingS.hh>\n#include \"test.hh\"\n"},
     {"messaging_by_polling", "const long X = 1;\n", "-xAMIPolling", {},
