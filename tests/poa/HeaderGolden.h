@@ -14,6 +14,35 @@
 
 namespace poatest {
 
+// Module M with interface B, and D : B with an operation, a readonly and a
+// writable attribute.
+inline constexpr const char* EXAMPLE_IDL = R"(module M {
+    interface B {
+    };
+    interface D : B {
+        long op(in long x);
+        readonly attribute long ro;
+        attribute long rw;
+    };
+};
+)";
+
+// Declarations of an included file get no text; the main file's reopening
+// of the included module does.
+inline constexpr const char* INCLUDING_IDL = R"(#include "inc.idl"
+module X {
+    interface W {
+    };
+};
+)";
+inline constexpr const char* INCLUDED_IDL = R"(module X {
+    interface Y {
+    };
+};
+interface Z {
+};
+)";
+
 struct HeaderScenario {
     const char* name;
     const char* idl;

@@ -8,20 +8,10 @@
 
 namespace {
 
+using poatest::EXAMPLE_IDL;
 using poatest::HeaderScenario;
-
-// Module M with interface B, and D : B with an operation, a readonly and a
-// writable attribute.
-const char* const EXAMPLE_IDL = R"(module M {
-    interface B {
-    };
-    interface D : B {
-        long op(in long x);
-        readonly attribute long ro;
-        attribute long rw;
-    };
-};
-)";
+using poatest::INCLUDED_IDL;
+using poatest::INCLUDING_IDL;
 
 // File-level interfaces, one with several bases; declarations that get no
 // skeleton text around them.
@@ -73,22 +63,6 @@ const char* const AMI_IDL = R"(module Async {
         double price(in string symbol);
         readonly attribute long count;
     };
-};
-)";
-
-// Declarations of an included file get no text; the main file's reopening
-// of the included module does.
-const char* const INCLUDING_IDL = R"(#include "inc.idl"
-module X {
-    interface W {
-    };
-};
-)";
-const char* const INCLUDED_IDL = R"(module X {
-    interface Y {
-    };
-};
-interface Z {
 };
 )";
 

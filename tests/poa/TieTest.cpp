@@ -7,18 +7,10 @@
 
 namespace {
 
+using poatest::EXAMPLE_IDL;
 using poatest::HeaderScenario;
-
-const char* const EXAMPLE_IDL = R"(module M {
-    interface B {
-    };
-    interface D : B {
-        long op(in long x);
-        readonly attribute long ro;
-        attribute long rw;
-    };
-};
-)";
+using poatest::INCLUDED_IDL;
+using poatest::INCLUDING_IDL;
 
 // Forwarders of every shape: no, one and several arguments, void and
 // non-void results (a typedef result included), readonly and writable
@@ -45,20 +37,6 @@ module Outer {
         interface Deep : ::Ops {
         };
     };
-};
-)";
-
-const char* const INCLUDING_IDL = R"(#include "inc.idl"
-module X {
-    interface W {
-    };
-};
-)";
-const char* const INCLUDED_IDL = R"(module X {
-    interface Y {
-    };
-};
-interface Z {
 };
 )";
 

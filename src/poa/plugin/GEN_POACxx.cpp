@@ -77,6 +77,8 @@ void GEN_POACxx::init_factory_finder()
 
 void GEN_POACxx::generate(IDL_GlobalData* data, const char* options)
 {
+    if (!data)
+        return;
     set_global_data(data);
     init_factory_finder();
 
