@@ -12,8 +12,9 @@ void CxxMemberDeclaration::write(std::ostream& os, UTL_Indent& indent, HHExtraVi
         first->before(os);
     if (second)
         second->before(os);
-    os << m_result << "\n";
-    os << indent;
+    // A constructor has no result line.
+    if (!m_result.empty())
+        os << m_result << "\n" << indent;
     if (m_name_writer)
         m_name_writer(os);
     else
@@ -27,7 +28,7 @@ void CxxMemberDeclaration::write(std::ostream& os, UTL_Indent& indent, HHExtraVi
         indent.decrement();
         os << indent;
     }
-    os << ")";
+    os << ")" << m_qualifier;
     if (first)
         first->after(os);
     if (second)

@@ -28,6 +28,8 @@ public:
     CxxMemberDeclaration(std::string result, std::string name) : m_result(std::move(result)), m_name(std::move(name)) {}
 
     void add_parameter(std::string type, std::string name) { m_params.emplace_back(std::move(type), std::move(name)); }
+    // Text written right after ")": " const" for a reader of a value.
+    void set_qualifier(std::string q) { m_qualifier = std::move(q); }
     // Has the name written by `writer` in place of the name text.
     void set_name_writer(std::function<void(std::ostream&)> writer) { m_name_writer = std::move(writer); }
 
@@ -39,6 +41,7 @@ private:
     std::string m_result;
     std::string m_name;
     std::vector<Parameter> m_params;
+    std::string m_qualifier;
     std::function<void(std::ostream&)> m_name_writer;
 };
 

@@ -1,9 +1,12 @@
 #include "CxxTypeMapping.h"
 
 #include "AST_Array.h"
+#include "AST_EnumVal.h"
 #include "AST_Fixed.h"
+#include "AST_Interface.h"
 #include "AST_InterfaceFwd.h"
 #include "AST_PredefinedType.h"
+#include "AST_Sequence.h"
 #include "AST_String.h"
 #include "AST_StructFwd.h"
 #include "AST_Typedef.h"
@@ -169,6 +172,8 @@ std::string CxxTypeMapping::name(AST_Type* declared) const
     case AST_Decl::NT_object: return "CORBA::Object";
     case AST_Decl::NT_valuebase: return "CORBA::ValueBase";
     case AST_Decl::NT_fixed: return "CORBA::Fixed";
+    case AST_Decl::NT_sequence: return sequence(AST_Sequence::narrow_from_decl(declared));
+    case AST_Decl::NT_array: return array_type(AST_Array::narrow_from_decl(declared));
     case AST_Decl::NT_interface_fwd:
     case AST_Decl::NT_value_fwd:
     case AST_Decl::NT_struct_fwd:
@@ -322,4 +327,147 @@ std::string CxxTypeMapping::typecode(AST_Type* t) const
         return scope_prefix(named) + "_tc_" + m_resolver.local_name(named);
     }
     }
+}
+
+std::string CxxTypeMapping::member(AST_Type* t) const
+{
+    if (!t)
+        return "void";
+    if (AST_Array* a = AST_Array::narrow_from_decl(t))
+        return member(a->base_type());
+    switch (kind_of(t)) {
+    case K_string: return "CORBA::String_var";
+    case K_wstring: return "CORBA::WString_var";
+    case K_principal: return "CORBA::Principal_ptr";
+    case K_typecode:
+    case K_object:
+    case K_interface:
+    case K_value:
+    case K_valuebase: return name(t) + "_var";
+    default: return name(t);
+    }
+}
+
+std::string CxxTypeMapping::sequence(AST_Sequence* s) const
+{
+    const std::string element = member(s->base_type());
+    if (s->max_size() != 0)
+        return "YV_Cxx::BoundedSequence<" + element + ", " + std::to_string(s->max_size()) + ">";
+    return "YV_Cxx::UnboundedSequence<" + element + ">";
+}
+
+std::string CxxTypeMapping::array_declarator(AST_Array* a, const std::string& name)
+{
+    std::string text = name;
+    for (unsigned long dim : a->dims())
+        text += "[" + std::to_string(dim) + "]";
+    return text;
+}
+
+std::string CxxTypeMapping::array_type(AST_Array* a) const { return array_declarator(a, member(a->base_type())); }
+
+std::string CxxTypeMapping::assign_member(AST_Type* t, const std::string& target, const std::string& source) const
+{
+    switch (kind_of(t)) {
+    case K_typecode:
+    case K_object:
+    case K_interface:
+        return target + " = YV_Cxx::ObjRefTraits<" + name(t) + ">::duplicate(" + source + ")";
+    case K_value:
+    case K_valuebase:
+        return target + " = YV_Cxx::ValueTraits<" + name(t) + ">::duplicate(" + source + ")";
+    case K_array:
+        return "YV_Cxx::array_copy<" + name(t) + ">(" + target + ", " + source + ")";
+    default:
+        return target + " = " + source;
+    }
+}
+
+std::string CxxTypeMapping::member_reader(AST_Type* t) const
+{
+    const std::string n = name(t);
+    switch (kind_of(t)) {
+    case K_string: return "const char*";
+    case K_wstring: return "const CORBA::WChar*";
+    case K_typecode:
+    case K_principal:
+    case K_object:
+    case K_interface: return n + "_ptr";
+    case K_value:
+    case K_valuebase: return n + "*";
+    case K_struct:
+    case K_union:
+    case K_sequence:
+    case K_any:
+    case K_fixed: return "const " + n + "&";
+    case K_array: return "const YV_Cxx::ArraySlice<" + n + ">*";
+    default: return n;
+    }
+}
+
+bool CxxTypeMapping::has_member_modifier(AST_Type* t)
+{
+    switch (kind_of(t)) {
+    case K_struct:
+    case K_union:
+    case K_sequence:
+    case K_any:
+    case K_fixed:
+    case K_array: return true;
+    default: return false;
+    }
+}
+
+std::string CxxTypeMapping::tc_kind(AST_Decl* d)
+{
+    switch (d ? d->node_type() : AST_Decl::NT_root) {
+    case AST_Decl::NT_struct: return "CORBA::tk_struct";
+    case AST_Decl::NT_union: return "CORBA::tk_union";
+    case AST_Decl::NT_enum: return "CORBA::tk_enum";
+    case AST_Decl::NT_except: return "CORBA::tk_except";
+    case AST_Decl::NT_typedef: return "CORBA::tk_alias";
+    case AST_Decl::NT_value: return "CORBA::tk_value";
+    case AST_Decl::NT_value_box: return "CORBA::tk_value_box";
+    case AST_Decl::NT_native: return "CORBA::tk_native";
+    case AST_Decl::NT_interface: {
+        AST_Interface* i = AST_Interface::narrow_from_decl(d);
+        return i->is_local() ? "CORBA::tk_local_interface"
+                             : i->is_abstract() ? "CORBA::tk_abstract_interface" : "CORBA::tk_objref";
+    }
+    default: return "CORBA::tk_null";
+    }
+}
+
+std::string CxxTypeMapping::enumerator(AST_EnumVal* v) const
+{
+    AST_Decl* e = ScopeAsDecl(v->defined_in());
+    return (e ? scope_prefix(e) : std::string()) + m_resolver.local_name(v);
+}
+
+std::string CxxTypeMapping::member_declaration(AST_Type* t, const std::string& name) const
+{
+    if (AST_Array* a = AST_Array::narrow_from_decl(t))
+        return member(a->base_type()) + " " + array_declarator(a, name);
+    return member(t) + " " + name;
+}
+
+std::string CxxTypeMapping::member_writer(AST_Type* t) const
+{
+    if (kind_of(t) == K_array)
+        return "const YV_Cxx::ArraySlice<" + name(t) + ">*";
+    return param(t, M_in);
+}
+
+std::string CxxTypeMapping::member_modifier(AST_Type* t) const
+{
+    if (kind_of(t) == K_array)
+        return "YV_Cxx::ArraySlice<" + name(t) + ">*";
+    return name(t) + "&";
+}
+
+std::string CxxTypeMapping::member_declaration_of_alias(AST_Type* t, const std::string& name) const
+{
+    if (AST_Array* a = AST_Array::narrow_from_decl(t))
+        return member(a->base_type()) + " " + array_declarator(a, name);
+    return this->name(t) + " " + name;
 }

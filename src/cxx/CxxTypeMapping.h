@@ -14,6 +14,9 @@
 
 #include <string>
 
+class AST_Array;
+class AST_EnumVal;
+class AST_Sequence;
 class AST_Type;
 class NameResolver;
 class UTL_Scope;
@@ -75,11 +78,60 @@ public:
     // same name.
     static std::string anonymous_string_tc_name(AST_Type* t);
 
-private:
-    std::string scoped_name(AST_Decl* d) const;
+    // The C++ name of a declaration as seen from the mapping's scope (fully
+    // scoped from the root: "M::S").
+    std::string full_name(AST_Decl* d) const { return scoped_name(d); }
     // "M::" for a declaration in module M, "" at file scope, as seen from
     // the mapping's scope.
     std::string scope_prefix(AST_Decl* d) const;
+    // An enumerator as C++ names it: the scope of its enumeration, then its
+    // own name ("M::red" for enum M::Color { red }).
+    std::string enumerator(AST_EnumVal* v) const;
+
+    // The C++ type that holds a value of the type inside a structure,
+    // union, exception, value box, sequence or array: strings as
+    // CORBA::String_var, references as their _var, every other type as its
+    // name. An anonymous array's member type is its element's.
+    std::string member(AST_Type* t) const;
+    // A member declaration without ";": "CORBA::String_var name",
+    // "CORBA::Long name[2][3]" for an anonymous array.
+    std::string member_declaration(AST_Type* t, const std::string& name) const;
+    // The declaration of alias `name` for type `t` without "typedef" and
+    // ";": "CORBA::Long name[2][3]" for an anonymous array, "M::S name",
+    // "char* name", "YV_Cxx::UnboundedSequence<CORBA::Long> name".
+    std::string member_declaration_of_alias(AST_Type* t, const std::string& name) const;
+    // The runtime's sequence class of an anonymous sequence type:
+    // "YV_Cxx::UnboundedSequence<E>" or "YV_Cxx::BoundedSequence<E, N>".
+    std::string sequence(AST_Sequence* s) const;
+    // The declarator of an anonymous array's member: "name[2][3]".
+    static std::string array_declarator(AST_Array* a, const std::string& name);
+    // The C++ array type of an anonymous array: "CORBA::Long[2][3]".
+    std::string array_type(AST_Array* a) const;
+    // A statement (without ";") that makes member `target`, of the member
+    // type of `t`, hold a copy of `source`, an in parameter of type `t`:
+    // strings and structures are copied by assignment, references
+    // duplicated, arrays copied element-wise.
+    std::string assign_member(AST_Type* t, const std::string& target, const std::string& source) const;
+    // The parameter type of an accessor that reads a member of the member
+    // type of `t`: "const char*" for strings, "const M::S&" for structures,
+    // "M::I_ptr" for references, the value for basic types.
+    std::string member_reader(AST_Type* t) const;
+    // The parameter type of an accessor that sets such a member: the in
+    // parameter's type, except for arrays, which are given as a pointer
+    // to their first slice ("const YV_Cxx::ArraySlice<M::A>*").
+    std::string member_writer(AST_Type* t) const;
+    // The result type of the accessor that gives write access to such a
+    // member ("M::S&", "YV_Cxx::ArraySlice<M::A>*").
+    std::string member_modifier(AST_Type* t) const;
+    // True when the member reader hands out a reference, so that a
+    // non-const reader giving write access exists as well (structures,
+    // unions, sequences, anys, fixed values, arrays).
+    static bool has_member_modifier(AST_Type* t);
+    // The type code kind constant of a named type ("CORBA::tk_struct").
+    static std::string tc_kind(AST_Decl* d);
+
+private:
+    std::string scoped_name(AST_Decl* d) const;
 
     NameResolver& m_resolver;
     UTL_Scope* m_from;

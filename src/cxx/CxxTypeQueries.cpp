@@ -1,6 +1,7 @@
 #include "CxxTypeQueries.h"
 
 #include "AST_Argument.h"
+#include "AST_Exception.h"
 #include "AST_Array.h"
 #include "AST_Attribute.h"
 #include "AST_Operation.h"
@@ -18,6 +19,20 @@
 #include <set>
 
 namespace {
+
+// False for a structure or union known only from a forward declaration:
+// it is not marked defined and holds no members.
+bool is_defined_aggregate(AST_Type* t)
+{
+    UTL_Scope* members = DeclAsScope(t);
+    if (!members)
+        return false;
+    if (AST_Union* u = AST_Union::narrow_from_decl(t))
+        return u->is_defined() || !members->decls().empty();
+    if (AST_Structure* s = AST_Structure::narrow_from_decl(t))
+        return s->is_defined() || !members->decls().empty() || AST_Exception::narrow_from_decl(t) != nullptr;
+    return false;
+}
 
 bool is_native(AST_Type* t) { return t && CxxTypeMapping::kind_of(t) == CxxTypeMapping::K_native; }
 
@@ -39,7 +54,9 @@ bool fixed_length(AST_Type* t, std::set<AST_Decl*>& open)
     case CxxTypeMapping::K_struct:
     case CxxTypeMapping::K_union:
     case CxxTypeMapping::K_exception: {
-        if (!open.insert(r).second)
+        // A structure or union seen only in a forward declaration counts
+        // as variable: its members are unknown.
+        if (!is_defined_aggregate(r) || !open.insert(r).second)
             return false;
         bool fixed = true;
         for (const auto& d : DeclAsScope(r)->decls()) {

@@ -3,6 +3,7 @@
 #include "CPPResolver.h"
 #include "IDL_GlobalData.h"
 #include "UTL_ArgParser.h"
+#include "Visitor.h"
 #include "VIS_Client_DeclDispStreamable_Factory.h"
 #include "VIS_Client_DeclareArgs_Factory.h"
 #include "VIS_Client_DeclareArgs_Typedef_Factory.h"
@@ -14,6 +15,8 @@
 #include "VIS_HH_ABC_OpReturn_Factory.h"
 #include "VIS_HH_ABC_OpReturn_Typedef_Factory.h"
 #include "VIS_HH_ABC_OperationArg_Factory.h"
+#include "VIS_CPP_MainStartPoint.h"
+#include "VIS_HH_MainStartPoint.h"
 #include "YV_Config.h"
 #include "YV_File.h"
 
@@ -22,6 +25,7 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <sstream>
 
 #ifndef YV_VERSION_TEXT
 #define YV_VERSION_TEXT "unknown"
@@ -179,26 +183,63 @@ const char* GEN_CPlusPlus::plugin_name() const { return "Cxx"; }
 
 void GEN_CPlusPlus::generate_client()
 {
+    m_companions_done.clear();
     setFileStrings();
     generate_hh();
+    generate_cxx();
 }
 
 void GEN_CPlusPlus::generate_hh()
 {
-    if (m_base_name.empty())
+    IDL_GlobalData* data = global_data();
+    if (m_base_name.empty() || !data)
         return;
-    const YV_String path = m_header_dir + m_header_name.str();
+    // The text is made in memory and written only when it is complete, so
+    // that an error in the middle leaves no half-written header.
+    std::ostringstream text;
+    outputIncludes(text);
+    outputDeclSpec(text);
+    output_os_specific_header_stuff(text);
+    VIS_HH_MainStartPoint declarations(text, 0, data->root(), this);
+    data->root()->accept(&declarations);
+    text << "#endif\n";
+    write_output_file(m_header_dir + m_header_name.str(), text.str());
+}
+
+void GEN_CPlusPlus::generate_cxx()
+{
+    IDL_GlobalData* data = global_data();
+    if (m_base_name.empty() || !data)
+        return;
+    std::ostringstream definitions;
+    VIS_CPP_MainStartPoint visitor(definitions, 0, data->root(), this);
+    data->root()->accept(&visitor);
+    if (definitions.str().empty())
+        return;
+    std::ostringstream text;
+    output_copyright(text);
+    text << "#include ";
+    if (m_include_prefix.empty())
+        text << "\"" << m_header_name << "\"\n";
+    else
+        text << "<" << m_include_prefix << "/" << m_header_name << ">\n";
+    output_stub_system_includes(text);
+    output_os_specific_stub_stuff(text);
+    text << "\n" << definitions.str();
+    write_output_file(m_stub_dir + m_stub_name.str(), text.str());
+}
+
+void GEN_CPlusPlus::write_output_file(const YV_String& path, const std::string& text)
+{
     std::ofstream os(path.c_str());
+    if (os)
+        os << text;
     if (!os) {
         IDL_GlobalData* data = global_data();
         std::cerr << (data ? data->prog_name() : "yvidl") << ": Error: Could not open " << path << " for writing."
                   << std::endl;
         std::exit(99);
     }
-    outputIncludes(os);
-    outputDeclSpec(os);
-    output_os_specific_header_stuff(os);
-    os << "#endif\n";
 }
 
 void GEN_CPlusPlus::generate_obv_hh() {}
@@ -214,6 +255,7 @@ void GEN_CPlusPlus::setFileStrings()
     const std::size_t dot = stripped.rfind('.');
     m_base_name = dot == YV_String::npos ? stripped : stripped.substr(0, dot);
     m_header_name = with_extension(m_base_name, m_header_ext);
+    m_stub_name = with_extension(m_base_name, m_stub_ext);
 }
 
 void GEN_CPlusPlus::outputIncludes(std::ostream& os)
@@ -247,7 +289,10 @@ void GEN_CPlusPlus::outputIncludedIDL(std::ostream& os)
 
 void GEN_CPlusPlus::output_header_system_includes(std::ostream& os) { os << "#include <zantic_sys/yvcxx.h>\n"; }
 
-void GEN_CPlusPlus::output_stub_system_includes(std::ostream& os) { os << "#include <zantic_sys/yvcxx.h>\n"; }
+void GEN_CPlusPlus::output_stub_system_includes(std::ostream& os)
+{
+    os << "#include <zantic_sys/YV_Cxx/narrow_reference.h>\n";
+}
 
 void GEN_CPlusPlus::output_os_specific_header_stuff(std::ostream&) {}
 
@@ -333,7 +378,12 @@ void GEN_CPlusPlus::generate(IDL_GlobalData* data, const char* options)
     set_name_resolver(resolver.get());
     read_config_file();
     set_options(options);
-    generate_client();
+    try {
+        generate_client();
+    } catch (Visitor::VisitorException& e) {
+        // The error ends the run; the file being written is not written.
+        e.output_exception(std::cerr);
+    }
     set_name_resolver(nullptr);
 }
 

@@ -8,6 +8,9 @@
 #include "YV_String.h"
 
 #include <iosfwd>
+#include <set>
+
+class AST_Decl;
 
 class GEN_CPlusPlus : public virtual CodeGenerator {
 public:
@@ -24,9 +27,13 @@ public:
     // A banner comment naming the tool and its version; no dates, no paths.
     virtual void output_copyright(std::ostream& os);
     virtual const char* plugin_name() const;
-    // Writes the client header (and client source where one is needed).
+    // Writes the client header and, when the header declares anything that
+    // must be defined out of line, the client source file.
     virtual void generate_client();
     virtual void generate_hh();
+    // Writes the client source file (base name, ".", stub extension, in the
+    // stub directory) unless it would hold no definition.
+    virtual void generate_cxx();
     virtual void generate_obv_hh();
     virtual void generate_obv_cxx();
     virtual void setFileStrings();
@@ -44,6 +51,9 @@ public:
     virtual void init_factory_finder();
 
 protected:
+    // Writes `text` to a new file at `path`; a file that cannot be written
+    // ends the process with status 99 after a message on the error stream.
+    void write_output_file(const YV_String& path, const std::string& text);
     // Applies one -x switch by name; reports an unknown name on the error
     // stream.
     virtual void code_off_switch(const char* name, long on, long off);
@@ -82,6 +92,12 @@ public:
     // Writes the usage lines of the base generator's options.
     static void print_usage(std::ostream& os);
 
+    // True the first time it is asked for declaration `d` in a run of
+    // generate_client: the companion types of a named type (_ptr, _var,
+    // _out ...) are written once, however often forward declarations
+    // announce the type. Only membership is asked; the set is never walked.
+    bool first_companions(const AST_Decl* d) { return m_companions_done.insert(d).second; }
+
     // Read-only views of the file settings.
     const YV_String& header_ext() const { return m_header_ext; }
     const YV_String& stub_ext() const { return m_stub_ext; }
@@ -100,6 +116,7 @@ protected:
     YV_String m_include_prefix;        // "" means none
     YV_String m_base_name;             // the IDL file's stripped name up to its last '.'
     YV_String m_header_name;           // the generated header's file name
+    YV_String m_stub_name;             // the generated source file's name
 
     // Export macros.
     long m_declspecs = 0;
@@ -116,6 +133,9 @@ protected:
     long m_enforce_raises = 0;
 
     VisitorFF m_visitor_ff;
+
+    // Named types whose companions are written (first_companions).
+    std::set<const AST_Decl*> m_companions_done;
 };
 
 #endif

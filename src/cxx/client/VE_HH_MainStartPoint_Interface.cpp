@@ -8,9 +8,19 @@
 #include "AST_PredefinedType.h"
 #include "AST_Root.h"
 #include "AST_Value.h"
+#include "CxxClientText.h"
+#include "GEN_CPlusPlus.h"
+#include "OverrideHHVisit.h"
+#include "PureVirtualHHVisit.h"
 #include "UTL_IdList.h"
+#include "VE_Client_Interface.h"
+#include "VE_HH_AttrDecl.h"
+#include "VE_HH_OpDecl.h"
+#include "VIS_HH_MainStartPoint.h"
 
 #include <map>
+#include <memory>
+#include <ostream>
 
 namespace {
 
@@ -221,11 +231,129 @@ AST_Root* root_of(AST_Decl* d)
 
 long VE_HH_MainStartPoint_Interface::visit(AST_Decl* d)
 {
-    if (!AST_Interface::narrow_from_decl(d))
+    AST_Interface* i = AST_Interface::narrow_from_decl(d);
+    if (!i)
         throw Visitor_i::NarrowFailure(visitor(), d);
-    // The client header's interface text is written by the client header
-    // generator; this element provides the reply-handler construction.
+    output_interface(i);
+    GEN_CPlusPlus* gen = CxxClientText(visitor()).generator();
+    if (gen && gen->ami_callbacks_on() && !i->is_local()) {
+        std::unique_ptr<AST_Interface> handler(create_full_ami_handler(i));
+        output_interface(handler.get());
+    }
     return 1;
+}
+
+void VE_HH_MainStartPoint_Interface::output_interface(AST_Interface* i)
+{
+    CxxClientText text(visitor());
+    const std::string name = text.local(i);
+    // A reply handler is made afresh for every use, so only tree nodes are
+    // remembered as announced.
+    const bool handler = dynamic_cast<AMI_ReplyHandlerInterface*>(i) != nullptr;
+    if (handler || text.first_companions(i)) {
+        at_indent() << "class " << name << ";\n";
+        text.write_companions(i, name, i->defined_in());
+        os() << "\n";
+    }
+    at_indent() << "class " << text.class_macro() << name << " :\n";
+    indent().increment();
+    if (i->inherits().empty())
+        at_indent() << "public virtual CORBA::Object";
+    write_list(i->inherits(), ",\n", [&](std::ostream& out, AST_Interface* base) {
+        out << indent() << "public virtual " << text.full(base);
+    });
+    os() << "\n";
+    indent().decrement();
+    at_indent() << "{\n";
+    at_indent() << "  public:\n";
+    output_standard_members(i);
+    output_members(i);
+    at_indent() << "};\n";
+    text.write_typecode_declaration(i);
+    os() << "\n";
+    if (!i->is_local())
+        output_proxy(i);
+}
+
+void VE_HH_MainStartPoint_Interface::output_standard_members(AST_Interface* i)
+{
+    CxxClientText text(visitor());
+    const std::string ptr = text.full(i) + "_ptr";
+    indent().increment();
+    at_indent() << "static " << ptr << " _duplicate(" << ptr
+                << " _yvp_obj) { if (_yvp_obj) _yvp_obj->_yv_add_ref(); return _yvp_obj; }\n";
+    at_indent() << "static " << ptr << " _nil() { return 0; }\n";
+    at_indent() << "static " << ptr << " _narrow(CORBA::Object_ptr _yvp_obj);\n";
+    at_indent() << "static const YV_FWString _yv_fw_type_id;\n\n";
+    indent().decrement();
+}
+
+void VE_HH_MainStartPoint_Interface::output_members(AST_Interface* i)
+{
+    indent().increment();
+    // Declarations name their types fully scoped.
+    UTL_Scope* saved = visitor()->scope();
+    visitor()->set_scope(nullptr);
+    VE_HH_OpDecl op_decl(visitor(), PureVirtualHHVisit::instance(), nullptr, nullptr, 1, 1, "%s");
+    VE_HH_AttrDecl attr_decl(visitor(), PureVirtualHHVisit::instance(), nullptr, nullptr, 1, 1, "_yvvar_%s");
+    for (const auto& member : i->decls()) {
+        AST_Decl* d = member.get();
+        if (AST_Operation* op = AST_Operation::narrow_from_decl(d)) {
+            op_decl.visit(op);
+            os() << "\n\n";
+        } else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(d)) {
+            attr_decl.output_get(a);
+            os() << "\n\n";
+            if (!a->readonly()) {
+                attr_decl.output_set(a); // ends its own line
+                os() << "\n";
+            }
+        } else if (d->in_main_file()) {
+            VIS_HH_MainStartPoint::write_one(os(), indent().get_indent(), d, generator());
+        }
+    }
+    visitor()->set_scope(saved);
+    indent().decrement();
+}
+
+void VE_HH_MainStartPoint_Interface::output_proxy(AST_Interface* i)
+{
+    CxxClientText text(visitor());
+    const std::string proxy = "YV_Gen_DynamicProxy_" + text.local(i);
+    at_indent() << "class " << text.class_macro() << proxy << " :\n";
+    indent().increment();
+    at_indent() << "public virtual " << text.full(i) << "\n";
+    indent().decrement();
+    at_indent() << "{\n";
+    at_indent() << "  public:\n";
+    indent().increment();
+    at_indent() << "explicit " << proxy << "(CORBA::Object_ptr _yvp_target) : CORBA::Object(_yvp_target) {}\n\n";
+
+    UTL_Scope* saved = visitor()->scope();
+    visitor()->set_scope(nullptr);
+    VE_HH_OpDecl op_decl(visitor(), OverrideHHVisit::instance(), nullptr, nullptr, 1, 1, "%s");
+    VE_HH_AttrDecl attr_decl(visitor(), OverrideHHVisit::instance(), nullptr, nullptr, 1, 1, "_yvvar_%s");
+    std::vector<AST_Interface*> all;
+    long keys = 0;
+    VE_Client_Interface(visitor()).find_all_interfaces(i, all, keys);
+    for (AST_Interface* x : all) {
+        for (const auto& member : x->decls()) {
+            if (AST_Operation* op = AST_Operation::narrow_from_decl(member.get())) {
+                op_decl.visit(op);
+                os() << "\n\n";
+            } else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(member.get())) {
+                attr_decl.output_get(a);
+                os() << "\n\n";
+                if (!a->readonly()) {
+                    attr_decl.output_set(a);
+                    os() << "\n";
+                }
+            }
+        }
+    }
+    visitor()->set_scope(saved);
+    indent().decrement();
+    at_indent() << "};\n\n";
 }
 
 AST_Interface* VE_HH_MainStartPoint_Interface::create_full_ami_handler(AST_Interface* i)

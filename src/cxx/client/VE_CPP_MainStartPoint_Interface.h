@@ -1,0 +1,80 @@
+// The client source file's interface emitter: the type id, the type code,
+// _narrow, the types nested in the interface, and the members of the
+// dynamic proxy YV_Gen_DynamicProxy_I. A proxy member has the operation
+// served in process: it binds a streamable to each argument and to the
+// result, lists the arguments with their directions and calls
+// _yv_invoke with the operation's name as it arrives in a request:
+//
+//   CORBA::Long
+//   M::YV_Gen_DynamicProxy_I::op(
+//       const char* a,
+//       CORBA::Long& b
+//   )
+//   {
+//       YV_Cxx::StringStreamable _yvs_a(&a);
+//       YV_Cxx::BasicStreamable<CORBA::Long> _yvs_b(&b);
+//       CORBA::Long _yvl_result = CORBA::Long();
+//       YV_Cxx::BasicStreamable<CORBA::Long> _yvs__result(&_yvl_result);
+//       YV_Cxx::CallArguments _yvl_args;
+//       _yvl_args.in(_yvs_a);
+//       _yvl_args.inout(_yvs_b);
+//       _yv_invoke("op", &_yvl_args, &_yvs__result);
+//       return _yvl_result;
+//   }
+//
+// With AMI callbacks on, the same follows for the interface's reply handler.
+#ifndef VE_CPP_MAINSTARTPOINT_INTERFACE_H
+#define VE_CPP_MAINSTARTPOINT_INTERFACE_H
+
+#include "CxxTypeMapping.h"
+#include "VE_CPP_MainStartPoint_TypeCode.h"
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+class AST_Attribute;
+class AST_Interface;
+class AST_Operation;
+
+class VE_CPP_MainStartPoint_Interface : public virtual VE_CPP_MainStartPoint_TypeCode {
+public:
+    explicit VE_CPP_MainStartPoint_Interface(VIS_Cxx* v) : VE_Cxx(v), VE_CPP_MainStartPoint_TypeCode(v) {}
+    long visit(AST_Decl* d) override;
+
+    // The streamable constructor's arguments that bind a proxy's parameter
+    // `param` of type `t` passed in mode `m` ("&a", "&b, YV_Cxx::usage_borrow",
+    // "a" for an array's slice): the caller's values are read and written
+    // in place and never freed by the streamable.
+    static std::string binding(AST_Type* t, CxxTypeMapping::Mode m, const std::string& param);
+
+protected:
+    // Which interface each reply handler of a handler graph answers for.
+    using HandlerTargets = std::map<AST_Interface*, AST_Interface*>;
+
+    // Everything of one interface (the interface itself or a reply handler).
+    virtual void output_interface(AST_Interface* i, const HandlerTargets& targets);
+    virtual void output_narrow(AST_Interface* i);
+    // The proxy's members for every operation and attribute of the
+    // interface and its bases.
+    virtual void output_proxy(AST_Interface* i, const HandlerTargets& targets);
+    // One proxy member: its declaration head, then the body that binds the
+    // given parameters (type, mode, name) and the result and calls
+    // _yv_invoke with `request`.
+    virtual void output_proxy_member(AST_Interface* i, const std::string& result_type, AST_Type* result,
+                                     const std::string& name,
+                                     const std::vector<std::pair<AST_Type*, std::pair<CxxTypeMapping::Mode, std::string>>>& params,
+                                     const std::string& request, bool has_natives);
+
+    // The name under which operation `op` of a reply handler whose target
+    // is `target` (null for other interfaces) arrives in a request: its
+    // identifier, with a leading "_" for the replies of the target's
+    // attribute accessors.
+    static std::string request_name(AST_Operation* op, AST_Interface* target);
+    // Records in `targets` that handler `h` answers for interface `i`, and
+    // so on for their bases, pairwise.
+    static void pair_handlers(AST_Interface* h, AST_Interface* i, HandlerTargets& targets);
+};
+
+#endif

@@ -1,0 +1,55 @@
+// The client header's interface emitter. For interface I it writes
+//
+//   class I;  typedef I* I_ptr;  I_var, I_out        (once per type)
+//   class I : public virtual <bases or CORBA::Object>
+//   {
+//     public:
+//       static I_ptr _duplicate(I_ptr), _nil(), _narrow(CORBA::Object_ptr);
+//       static const YV_FWString _yv_fw_type_id;
+//       <pure virtual member per operation and accessor, nested types>
+//   };
+//   extern const CORBA::TypeCode_ptr _tc_I;
+//   class YV_Gen_DynamicProxy_I : public virtual I  (not for local interfaces)
+//   {
+//       every operation and accessor of I and of all its bases, each of
+//       which has the target servant serve it in process
+//   };
+//
+// and, with AMI callbacks on, the same for I's reply handler AMI_IHandler.
+// Skeleton back ends use the reply-handler construction.
+#ifndef VE_HH_MAINSTARTPOINT_INTERFACE_H
+#define VE_HH_MAINSTARTPOINT_INTERFACE_H
+
+#include "VE_Cxx.h"
+
+#include <string>
+
+class AST_Interface;
+
+class VE_HH_MainStartPoint_Interface : public virtual VE_Cxx {
+public:
+    explicit VE_HH_MainStartPoint_Interface(VIS_Cxx* v) : VE_Cxx(v) {}
+    long visit(AST_Decl* d) override;
+
+    // A new interface node: the reply handler AMI_<I>Handler of interface I,
+    // defined in I's scope, neither local nor abstract, deriving from the
+    // handlers of I's bases or else from Messaging::ReplyHandler. For each
+    // operation op: op(result and out/inout values) and op_excep(holder);
+    // for each attribute A: get_A(value) and get_A_excep(holder), and when
+    // A is writable set_A() and set_A_excep(holder). The caller owns the
+    // node and deletes it; it is not entered into the tree.
+    AST_Interface* create_full_ami_handler(AST_Interface* i);
+
+protected:
+    // The whole text of one interface (I itself or its reply handler).
+    virtual void output_interface(AST_Interface* i);
+    // The class's static members: _duplicate, _nil, _narrow, the type id.
+    virtual void output_standard_members(AST_Interface* i);
+    // The interface's own declarations in order: operations and accessors
+    // as pure virtual members, nested types and constants.
+    virtual void output_members(AST_Interface* i);
+    // The dynamic proxy class.
+    virtual void output_proxy(AST_Interface* i);
+};
+
+#endif

@@ -1,0 +1,14 @@
+// The client header's emitter for a forward-declared structure: the C++
+// forward declaration and, once per type, its companion types.
+#ifndef VE_HH_MAINSTARTPOINT_STRUCTFWD_H
+#define VE_HH_MAINSTARTPOINT_STRUCTFWD_H
+
+#include "VE_Cxx.h"
+
+class VE_HH_MainStartPoint_StructFwd : public virtual VE_Cxx {
+public:
+    explicit VE_HH_MainStartPoint_StructFwd(VIS_Cxx* v) : VE_Cxx(v) {}
+    long visit(AST_Decl* d) override;
+};
+
+#endif

@@ -1,0 +1,41 @@
+#include "VE_HH_MainStartPoint_Structure.h"
+
+#include "AST_Structure.h"
+#include "CxxClientText.h"
+#include "GEN_CPlusPlus.h"
+#include "VIS_HH_MainStartPoint.h"
+
+#include <ostream>
+
+long VE_HH_MainStartPoint_Structure::visit(AST_Decl* d)
+{
+    AST_Structure* s = AST_Structure::narrow_from_decl(d);
+    if (!s)
+        throw Visitor_i::NarrowFailure(visitor(), d);
+    CxxClientText text(visitor());
+    const std::string name = text.local(s);
+    at_indent() << "struct " << name << "\n";
+    at_indent() << "{\n";
+    output_nested(s);
+    output_members(s);
+    at_indent() << "};\n";
+    if (text.first_companions(s))
+        text.write_companions(s, name, s->defined_in());
+    text.write_typecode_declaration(s);
+    os() << "\n";
+    return 1;
+}
+
+void VE_HH_MainStartPoint_Structure::output_nested(AST_Structure* s)
+{
+    VIS_HH_MainStartPoint::write_scope(os(), indent().get_indent() + 1, s, generator());
+}
+
+void VE_HH_MainStartPoint_Structure::output_members(AST_Structure* s)
+{
+    CxxClientText text(visitor());
+    indent().increment();
+    for (AST_Field* f : s->fields())
+        at_indent() << text.mapping().member_declaration(f->field_type(), text.local(f)) << ";\n";
+    indent().decrement();
+}
