@@ -221,6 +221,27 @@ TEST(Limits, HugeIdentifierIsAccepted)
     EXPECT_EQ(fetest::find(*p.data, "M::" + name)->local_name()->str().size(), name.size());
 }
 
+TEST(Limits, LongInheritanceChainsAndLattices)
+{
+    // A chain thousands deep (no recursion along it), then a lattice where
+    // every interface has two bases that share all their ancestors.
+    std::string text = "struct R { long a; };\ninterface C0 { R op0(); };\n";
+    for (int i = 1; i < 3000; ++i)
+        text += "interface C" + std::to_string(i) + " : C" + std::to_string(i - 1) + " { R op" + std::to_string(i) +
+                "(in R r); };\n";
+    text += "interface L0a { void a0(); }; interface L0b { void b0(); };\n";
+    for (int i = 1; i < 40; ++i) {
+        std::string p = std::to_string(i - 1), n = std::to_string(i);
+        text += "interface L" + n + "a : L" + p + "a, L" + p + "b { R a" + n + "(); };\n";
+        text += "interface L" + n + "b : L" + p + "a, L" + p + "b { R b" + n + "(); };\n";
+    }
+    text += "interface Bottom : C2999, L39a { void op0(); };\n";
+    fetest::Parsed p = fetest::parse(text);
+    EXPECT_FALSE(p.data);
+    EXPECT_EQ(p.errors, 1) << p.err.substr(0, 1000);
+    EXPECT_NE(p.err.find("'op0' is already a member of base 'C0'"), std::string::npos) << p.err.substr(0, 1000);
+}
+
 TEST(Limits, NestingUpToTheLimitIsAccepted)
 {
     int depth = 200;

@@ -308,22 +308,11 @@ AST_Decl* IDL_Parser::place(UTL_Scope* s, std::unique_ptr<AST_Decl> d, const IDL
     return s->add_decl(std::move(d));
 }
 
-void IDL_Parser::note_ancestors(UTL_Scope* s, std::size_t direct_bases, const IDL_Token& at)
+void IDL_Parser::check_inherited_clashes(UTL_Scope* s, std::size_t direct_bases, const IDL_Token& at)
 {
-    if (direct_bases == 0)
-        return;
-    std::vector<UTL_Scope*>& all = m_ancestors[s];
-    all = IDL_Checks::ancestors(s);
     // With one direct base, that base was checked when it was defined.
     if (direct_bases > 1)
-        IDL_Checks::inherited_clashes(all, loc(at));
-}
-
-const std::vector<UTL_Scope*>& IDL_Parser::ancestors_of(UTL_Scope* s) const
-{
-    static const std::vector<UTL_Scope*> none;
-    auto it = m_ancestors.find(s);
-    return it == m_ancestors.end() ? none : it->second;
+        IDL_Checks::inherited_clashes(IDL_Checks::ancestors(s), loc(at));
 }
 
 void IDL_Parser::check_argument_name(UTL_Scope* owner, AST_Decl* arg, const IDL_Token& at)
@@ -613,7 +602,7 @@ void IDL_Parser::interface_dcl(UTL_Scope* s, bool is_abstract, bool is_local)
     i->set_defined(true);
     m_names.add_scope(i);
     m_names.set_bases(i, std::vector<UTL_Scope*>(bases.begin(), bases.end()));
-    note_ancestors(i, bases.size(), name);
+    check_inherited_clashes(i, bases.size(), name);
     ScopeFrame frame(*this, name);
     body(i, Body::Interface);
     expect(IDL_Tok::RBrace);
@@ -687,7 +676,7 @@ void IDL_Parser::value_dcl(UTL_Scope* s, bool is_abstract, bool is_custom)
     std::vector<UTL_Scope*> lookup_bases(bases.begin(), bases.end());
     lookup_bases.insert(lookup_bases.end(), supports.begin(), supports.end());
     m_names.set_bases(v, lookup_bases);
-    note_ancestors(v, lookup_bases.size(), name);
+    check_inherited_clashes(v, lookup_bases.size(), name);
     ScopeFrame frame(*this, name);
     body(v, Body::Value);
     expect(IDL_Tok::RBrace);
@@ -1012,7 +1001,7 @@ void IDL_Parser::op_dcl(UTL_Scope* s)
         std::make_unique<AST_Operation>(ret.type, oneway ? AST_Operation::OP_oneway : AST_Operation::OP_noflags,
                                         Identifier(n)),
         name));
-    if (IDL_Checks::member_against_bases(ancestors_of(s), n, m_names, loc(name)))
+    if (IDL_Checks::member_against_bases(s, n, m_names, loc(name)))
         m_names.declare(s, n, op, loc(name));
     m_ids.declared(op);
     own_anonymous(op, ret);
@@ -1071,7 +1060,7 @@ void IDL_Parser::attr_dcl(UTL_Scope* s)
         std::string n(name.text);
         auto* a = static_cast<AST_Attribute*>(
             place(s, std::make_unique<AST_Attribute>(readonly, ts.type, Identifier(n)), name));
-        if (IDL_Checks::member_against_bases(ancestors_of(s), n, m_names, loc(name)))
+        if (IDL_Checks::member_against_bases(s, n, m_names, loc(name)))
             m_names.declare(s, n, a, loc(name));
         m_ids.declared(a);
         attrs.push_back(a);

@@ -91,10 +91,8 @@ private:
     void set_position(AST_Decl* d, const IDL_Token& t) const;
     AST_Decl* place(UTL_Scope* s, std::unique_ptr<AST_Decl> d, const IDL_Token& at);
     void own_anonymous(UTL_Scope* s, TypeSpec& ts);
-    // Records the ancestors of an interface or value type with bases and
-    // checks its inherited members for clashes.
-    void note_ancestors(UTL_Scope* s, std::size_t direct_bases, const IDL_Token& at);
-    const std::vector<UTL_Scope*>& ancestors_of(UTL_Scope* s) const;
+    // Checks the members an interface or value type inherits for clashes.
+    void check_inherited_clashes(UTL_Scope* s, std::size_t direct_bases, const IDL_Token& at);
     // Reports an argument named like an earlier one of the same operation
     // or factory (ignoring case).
     void check_argument_name(UTL_Scope* owner, AST_Decl* arg, const IDL_Token& at);
@@ -179,8 +177,6 @@ private:
     AST_Expression::ExprType m_target = AST_Expression::EV_none;
     // Structures and unions whose definition is being read, innermost last.
     std::vector<AST_Decl*> m_being_defined;
-    // The ancestors of interfaces and value types that have bases.
-    std::unordered_map<UTL_Scope*, std::vector<UTL_Scope*>> m_ancestors;
     // The latest opening of each module, by its first opening.
     std::unordered_map<AST_Module*, AST_Module*> m_last_opening;
 };

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_set>
 
 namespace {
 
@@ -37,13 +38,23 @@ std::vector<UTL_Scope*> direct_bases(UTL_Scope* s)
     return out;
 }
 
-void walk(UTL_Scope* s, std::vector<UTL_Scope*>& out)
+// Depth-first, bases in declaration order, each once; iterative, so a
+// long inheritance chain cannot exhaust the stack.
+void walk(UTL_Scope* s, std::vector<UTL_Scope*>& out, std::unordered_set<UTL_Scope*>& seen)
 {
-    for (UTL_Scope* b : direct_bases(s)) {
-        if (std::find(out.begin(), out.end(), b) != out.end())
+    std::vector<UTL_Scope*> stack;
+    auto push_bases = [&](UTL_Scope* of) {
+        std::vector<UTL_Scope*> bases = direct_bases(of);
+        stack.insert(stack.end(), bases.rbegin(), bases.rend());
+    };
+    push_bases(s);
+    while (!stack.empty()) {
+        UTL_Scope* b = stack.back();
+        stack.pop_back();
+        if (!seen.insert(b).second)
             continue;
         out.push_back(b);
-        walk(b, out);
+        push_bases(b);
     }
 }
 
@@ -68,8 +79,8 @@ std::string name_of(UTL_Scope* s) { return ScopeAsDecl(s)->local_name()->str(); 
 std::vector<UTL_Scope*> IDL_Checks::ancestors(UTL_Scope* s)
 {
     std::vector<UTL_Scope*> out;
-    walk(s, out);
-    out.erase(std::remove(out.begin(), out.end(), s), out.end());
+    std::unordered_set<UTL_Scope*> seen{s};
+    walk(s, out, seen);
     return out;
 }
 
@@ -90,17 +101,13 @@ void IDL_Checks::inherited_clashes(const std::vector<UTL_Scope*>& ancestors, con
     }
 }
 
-bool IDL_Checks::member_against_bases(const std::vector<UTL_Scope*>& ancestors, const std::string& name,
-                                      const IDL_Names& names, const IDL_Loc& loc)
+bool IDL_Checks::member_against_bases(UTL_Scope* s, const std::string& name, IDL_Names& names, const IDL_Loc& loc)
 {
-    for (UTL_Scope* a : ancestors) {
-        AST_Decl* d = names.find_local_folded(a, name);
-        if (d && is_member_kind(d)) {
-            error(IDL_Diag::MEMBER_CLASH_INHERITED, loc, {name, name_of(a)});
-            return false;
-        }
-    }
-    return true;
+    AST_Decl* d = names.inherited_member(s, name);
+    if (!d)
+        return true;
+    error(IDL_Diag::MEMBER_CLASH_INHERITED, loc, {name, name_of(d->defined_in())});
+    return false;
 }
 
 void IDL_Checks::oneway(AST_Operation* op, const IDL_Loc& loc)

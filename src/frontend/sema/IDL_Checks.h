@@ -25,10 +25,9 @@ public:
     // (as `ancestors` gives them) declare: inheriting both would be
     // ambiguous. Only possible with more than one direct base.
     static void inherited_clashes(const std::vector<UTL_Scope*>& ancestors, const IDL_Loc& loc);
-    // Reports when an operation or attribute `name` about to be declared is
-    // already one of the ancestors; false then.
-    static bool member_against_bases(const std::vector<UTL_Scope*>& ancestors, const std::string& name,
-                                     const IDL_Names& names, const IDL_Loc& loc);
+    // Reports when an operation or attribute `name` about to be declared in
+    // `s` is already one of its ancestors; false then.
+    static bool member_against_bases(UTL_Scope* s, const std::string& name, IDL_Names& names, const IDL_Loc& loc);
 
     // A oneway operation returns void, has only "in" arguments and raises
     // nothing.

@@ -11,34 +11,34 @@ namespace {
 
 char lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
 
-struct FoldHash {
-    std::size_t operator()(std::string_view s) const
-    {
-        std::size_t h = 14695981039346656037ULL;
-        for (char c : s)
-            h = (h ^ static_cast<unsigned char>(lower(c))) * 1099511628211ULL;
-        return h;
-    }
-};
-
-struct FoldEqual {
-    bool operator()(std::string_view a, std::string_view b) const
-    {
-        if (a.size() != b.size())
-            return false;
-        for (std::size_t i = 0; i < a.size(); ++i)
-            if (lower(a[i]) != lower(b[i]))
-                return false;
-        return true;
-    }
-};
-
 } // namespace
+
+std::size_t IDL_Names::FoldHash::operator()(std::string_view s) const
+{
+    std::size_t h = 14695981039346656037ULL;
+    for (char c : s)
+        h = (h ^ static_cast<unsigned char>(lower(c))) * 1099511628211ULL;
+    return h;
+}
+
+bool IDL_Names::FoldEqual::operator()(std::string_view a, std::string_view b) const
+{
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (lower(a[i]) != lower(b[i]))
+            return false;
+    return true;
+}
 
 struct IDL_Names::Table {
     // Keyed by views of the declarations' own names, ignoring case.
     std::unordered_map<std::string_view, AST_Decl*, FoldHash, FoldEqual> names;
     std::vector<Table*> bases;
+    // The lookup that last visited this table (see collect).
+    unsigned long visited = 0;
+    // Some scope inherits from this one.
+    bool is_base = false;
 };
 
 namespace {
@@ -112,11 +112,20 @@ void IDL_Names::set_bases(UTL_Scope* s, std::vector<UTL_Scope*> bases)
     if (!t)
         return;
     t->bases.clear();
-    for (UTL_Scope* b : bases)
-        if (Table* bt = table(b))
-            if (bt != t)
-                t->bases.push_back(bt);
+    for (UTL_Scope* b : bases) {
+        Table* bt = table(b);
+        if (!bt || bt == t)
+            continue;
+        t->bases.push_back(bt);
+        if (!bt->is_base) {
+            bt->is_base = true;
+            for (const auto& entry : bt->names)
+                ++m_base_names[entry.first];
+        }
+    }
 }
+
+bool IDL_Names::in_some_base(std::string_view name) const { return m_base_names.count(name) != 0; }
 
 UTL_Scope* IDL_Names::parent(UTL_Scope* s)
 {
@@ -151,6 +160,8 @@ bool IDL_Names::declare(UTL_Scope* s, const std::string& name, AST_Decl* d, cons
         return false;
     }
     t->names.emplace(std::string_view(d->local_name()->str()), d);
+    if (t->is_base)
+        ++m_base_names[std::string_view(d->local_name()->str())];
     return true;
 }
 
@@ -174,19 +185,47 @@ AST_Decl* IDL_Names::builtin(const IDL_ScopedName& n) const
     return nullptr;
 }
 
-void IDL_Names::collect(Table* t, const std::string& name, std::vector<AST_Decl*>& found, std::vector<Table*>& visited)
+void IDL_Names::collect(Table* t, const std::string& name, std::vector<AST_Decl*>& found)
 {
-    if (std::find(visited.begin(), visited.end(), t) != visited.end())
-        return;
-    visited.push_back(t);
-    AST_Decl* d = find(t, name);
-    if (d && d->local_name()->str() == name) {
-        if (std::find(found.begin(), found.end(), d) == found.end())
-            found.push_back(d);
-        return;
+    // Depth-first through the bases in declaration order; a base that
+    // declares the name hides its own bases. Iterative, so a long
+    // inheritance chain cannot exhaust the stack.
+    std::vector<Table*> stack{t};
+    while (!stack.empty()) {
+        Table* cur = stack.back();
+        stack.pop_back();
+        if (cur->visited == m_lookup)
+            continue;
+        cur->visited = m_lookup;
+        AST_Decl* d = find(cur, name);
+        if (d && d->local_name()->str() == name) {
+            if (std::find(found.begin(), found.end(), d) == found.end())
+                found.push_back(d);
+            continue;
+        }
+        stack.insert(stack.end(), cur->bases.rbegin(), cur->bases.rend());
     }
-    for (Table* b : t->bases)
-        collect(b, name, found, visited);
+}
+
+AST_Decl* IDL_Names::inherited_member(UTL_Scope* s, const std::string& name)
+{
+    Table* t = table(s);
+    if (!t || t->bases.empty() || !in_some_base(name))
+        return nullptr;
+    t->visited = ++m_lookup;
+    std::vector<Table*> stack(t->bases.rbegin(), t->bases.rend());
+    while (!stack.empty()) {
+        Table* cur = stack.back();
+        stack.pop_back();
+        if (cur->visited == m_lookup)
+            continue;
+        cur->visited = m_lookup;
+        AST_Decl* d = find(cur, name);
+        if (d && (d->node_type() == AST_Decl::NT_op || d->node_type() == AST_Decl::NT_attr))
+            return d;
+        stack.insert(stack.end(), cur->bases.rbegin(), cur->bases.rend());
+    }
+    return nullptr;
 }
 
 AST_Decl* IDL_Names::member(Table* t, const std::string& name, AST_Decl*& other, const IDL_Loc& loc, bool& failed)
@@ -201,12 +240,12 @@ AST_Decl* IDL_Names::member(Table* t, const std::string& name, AST_Decl*& other,
             return nullptr;
         }
     }
-    if (t->bases.empty())
+    if (t->bases.empty() || !in_some_base(name))
         return nullptr;
     std::vector<AST_Decl*> found;
-    std::vector<Table*> visited{t};
+    t->visited = ++m_lookup;
     for (Table* b : t->bases)
-        collect(b, name, found, visited);
+        collect(b, name, found);
     if (found.empty())
         return nullptr;
     if (found.size() > 1)

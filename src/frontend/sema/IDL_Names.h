@@ -47,6 +47,10 @@ public:
     // The same, ignoring case.
     AST_Decl* find_local_folded(UTL_Scope* s, const std::string& name) const;
 
+    // An operation or attribute named `name` (ignoring case) that a base of
+    // `s`, direct or not, declares; null when none does.
+    AST_Decl* inherited_member(UTL_Scope* s, const std::string& name);
+
     // Enters `d` under `name` in scope `s` unless a declaration of the same
     // name, ignoring case, is there already; then reports the clash at
     // `loc` and answers false.
@@ -64,18 +68,34 @@ public:
     static UTL_Scope* parent(UTL_Scope* s);
 
 private:
+    // Hashing and comparing names ignoring case.
+    struct FoldHash {
+        std::size_t operator()(std::string_view s) const;
+    };
+    struct FoldEqual {
+        bool operator()(std::string_view a, std::string_view b) const;
+    };
     struct Table;
+    // True when some scope that others inherit from declares `name`: only
+    // then can a lookup through bases find it.
+    bool in_some_base(std::string_view name) const;
     Table* table(UTL_Scope* s) const;
     static AST_Decl* find(const Table* t, std::string_view name);
     // A member of the scope of `t`, searching the bases; sets `ambiguous`
     // (with the two candidates) when bases give different declarations.
     AST_Decl* member(Table* t, const std::string& name, AST_Decl*& other, const IDL_Loc& loc, bool& failed);
-    void collect(Table* t, const std::string& name, std::vector<AST_Decl*>& found, std::vector<Table*>& visited);
+    // Adds to `found` what the bases below `t` declare as `name`, visiting
+    // each table once per lookup.
+    void collect(Table* t, const std::string& name, std::vector<AST_Decl*>& found);
     AST_Decl* builtin(const IDL_ScopedName& n) const;
 
     UTL_Scope* m_root;
     std::vector<std::unique_ptr<Table>> m_tables;
     std::unordered_map<const UTL_Scope*, Table*> m_table_of;
+    // Names declared in scopes that others inherit from, with counts.
+    std::unordered_map<std::string_view, unsigned, FoldHash, FoldEqual> m_base_names;
+    // Numbers the lookups through bases, to mark tables visited.
+    unsigned long m_lookup = 0;
     std::unordered_map<std::string, AST_Decl*> m_builtins;
     std::unordered_map<std::string, AST_Decl*> m_corba_builtins;
 };
