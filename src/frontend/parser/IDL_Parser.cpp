@@ -244,9 +244,8 @@ void IDL_Parser::check_error_limit()
     }
 }
 
-void IDL_Parser::recover(std::size_t start, Body kind)
+void IDL_Parser::recover(std::size_t start)
 {
-    (void)kind;
     int depth = 0;
     while (!at(IDL_Tok::End)) {
         IDL_Tok k = cur().kind;
@@ -417,7 +416,7 @@ void IDL_Parser::body(UTL_Scope* s, Body kind)
         try {
             definition(s, kind);
         } catch (const SyntaxError&) {
-            recover(start, kind);
+            recover(start);
         }
     }
 }
@@ -844,7 +843,7 @@ void IDL_Parser::members(AST_Structure* st)
             own_anonymous(st, ts);
             expect(IDL_Tok::Semi);
         } catch (const SyntaxError&) {
-            recover(start, Body::Interface);
+            recover(start);
         }
     }
 }
@@ -939,7 +938,7 @@ void IDL_Parser::union_body(AST_Union* u)
             own_anonymous(u, ts);
             expect(IDL_Tok::Semi);
         } catch (const SyntaxError&) {
-            recover(start, Body::Interface);
+            recover(start);
         }
     }
 }

@@ -81,7 +81,9 @@ private:
     IDL_Loc loc(const IDL_Token& t) const { return m_lexer.loc(t); }
     void error(IDL_Diag id, const IDL_Token& at, std::initializer_list<std::string> args = {});
     void check_error_limit();
-    void recover(std::size_t start, Body body);
+    // Skips to the end of the declaration that began at token `start`: past
+    // its ';', or to the '}' that closes the enclosing scope.
+    void recover(std::size_t start);
     void handle_directives(UTL_Scope* s);
 
     // Reports forward-declared structures and unions left undefined.

@@ -39,7 +39,6 @@ public:
     // The bases of an interface or value type (interfaces it supports too),
     // searched after its own names.
     void set_bases(UTL_Scope* s, std::vector<UTL_Scope*> bases);
-    bool has_table(UTL_Scope* s) const { return table(s) != nullptr; }
 
     // The declaration named exactly `name` in the scope itself (every opening
     // of a module), or null.
