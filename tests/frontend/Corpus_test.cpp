@@ -24,7 +24,7 @@ std::string corpus_dir()
 // Files that cannot be compiled as they are, with the first error expected
 // (file:line:column of the offending use, and the message). Most name
 // interface-repository or policy types (CORBA::InterfaceDef, CORBA::Policy...)
-// that only an include guarded by another compiler's predefined macro
+// that only an include guarded by a macro this compiler does not define
 // would bring in, or that no file here defines; three include IOP.idl,
 // which is not installed.
 struct Rejected {

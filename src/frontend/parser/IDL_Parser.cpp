@@ -155,7 +155,7 @@ void IDL_Parser::parse()
 
 void IDL_Parser::undefined_forwards(UTL_Scope* s)
 {
-    // Structures and unions must be defined in the same specification;
+    // Structures and unions must be defined in the same compilation;
     // interfaces and value types may stay forward-declared.
     for (const auto& d : s->pending()) {
         AST_Decl::NodeType k = d->node_type();
