@@ -71,10 +71,19 @@ std::string floating(long double v, const char* type, const char* suffix)
         return std::string("std::numeric_limits<") + type + ">::quiet_NaN()";
     if (std::isinf(value))
         return std::string(value < 0 ? "-" : "") + "std::numeric_limits<" + type + ">::infinity()";
-    std::ostringstream os;
-    os.imbue(std::locale::classic());
-    os << std::setprecision(std::numeric_limits<T>::max_digits10) << value;
-    std::string text = os.str();
+    // The shortest text that reads back as the same value.
+    std::string text;
+    for (int digits = 1; digits <= std::numeric_limits<T>::max_digits10; ++digits) {
+        std::ostringstream os;
+        os.imbue(std::locale::classic());
+        os << std::setprecision(digits) << value;
+        text = os.str();
+        std::istringstream back(text);
+        back.imbue(std::locale::classic());
+        T read = 0;
+        if (back >> read && read == value)
+            break;
+    }
     if (text.find_first_of(".e") == std::string::npos)
         text += ".0";
     return text + suffix;

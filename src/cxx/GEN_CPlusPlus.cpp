@@ -1,6 +1,7 @@
 #include "GEN_CPlusPlus.h"
 
 #include "CPPResolver.h"
+#include "CxxRuntimeNames.h"
 #include "IDL_GlobalData.h"
 #include "UTL_ArgParser.h"
 #include "Visitor.h"
@@ -20,12 +21,15 @@
 #include "YV_Config.h"
 #include "YV_File.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <memory>
 #include <sstream>
+#include <string>
+#include <vector>
 
 #ifndef YV_VERSION_TEXT
 #define YV_VERSION_TEXT "unknown"
@@ -265,8 +269,16 @@ void GEN_CPlusPlus::outputIncludes(std::ostream& os)
     os << "#define " << guard << "\n\n";
     output_copyright(os);
     output_header_system_includes(os);
+    std::vector<std::string> runtime_headers;
     if (m_ami_messaging || m_ami_polling)
-        os << "#include <omg/Messaging.hh>\n";
+        runtime_headers.push_back("<omg/Messaging.hh>");
+    // Declarations that the runtime defines itself are taken from its headers.
+    if (IDL_GlobalData* data = global_data(); data && name_resolver())
+        for (const std::string& h : CxxRuntimeNames::headers_for(data->root(), *name_resolver()))
+            if (std::find(runtime_headers.begin(), runtime_headers.end(), h) == runtime_headers.end())
+                runtime_headers.push_back(h);
+    for (const std::string& h : runtime_headers)
+        os << "#include " << h << "\n";
     outputIncludedIDL(os);
     os << "\n\n";
 }

@@ -5,6 +5,7 @@
 #include "AST_Interface.h"
 #include "AST_Operation.h"
 #include "CxxClientText.h"
+#include "CxxRuntimeNames.h"
 #include "CxxLiteral.h"
 #include "CxxMemberDeclaration.h"
 #include "CxxNaming.h"
@@ -94,7 +95,8 @@ long VE_CPP_MainStartPoint_Interface::visit(AST_Decl* d)
     AST_Interface* i = AST_Interface::narrow_from_decl(d);
     if (!i)
         throw Visitor_i::NarrowFailure(visitor(), d);
-    output_interface(i, HandlerTargets());
+    if (!CxxRuntimeNames::provided(i, resolver()))
+        output_interface(i, HandlerTargets());
     GEN_CPlusPlus* gen = CxxClientText(visitor()).generator();
     if (gen && gen->ami_callbacks_on() && !i->is_local()) {
         std::unique_ptr<AST_Interface> handler(VE_HH_MainStartPoint_Interface(visitor()).create_full_ami_handler(i));

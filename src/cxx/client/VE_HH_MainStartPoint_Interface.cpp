@@ -9,6 +9,7 @@
 #include "AST_Root.h"
 #include "AST_Value.h"
 #include "CxxClientText.h"
+#include "CxxRuntimeNames.h"
 #include "GEN_CPlusPlus.h"
 #include "OverrideHHVisit.h"
 #include "PureVirtualHHVisit.h"
@@ -234,7 +235,10 @@ long VE_HH_MainStartPoint_Interface::visit(AST_Decl* d)
     AST_Interface* i = AST_Interface::narrow_from_decl(d);
     if (!i)
         throw Visitor_i::NarrowFailure(visitor(), d);
-    output_interface(i);
+    if (CxxRuntimeNames::provided(i, resolver()))
+        at_indent() << "// " << CxxClientText(visitor()).full(i) << ": defined by the runtime\n\n";
+    else
+        output_interface(i);
     GEN_CPlusPlus* gen = CxxClientText(visitor()).generator();
     if (gen && gen->ami_callbacks_on() && !i->is_local()) {
         std::unique_ptr<AST_Interface> handler(create_full_ami_handler(i));

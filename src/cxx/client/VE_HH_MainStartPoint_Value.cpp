@@ -8,6 +8,7 @@
 #include "AST_StateMember.h"
 #include "AST_Value.h"
 #include "CxxClientText.h"
+#include "CxxRuntimeNames.h"
 #include "CxxMemberDeclaration.h"
 #include "PureVirtualHHVisit.h"
 #include "VE_Client_Interface.h"
@@ -23,6 +24,10 @@ long VE_HH_MainStartPoint_Value::visit(AST_Decl* d)
     AST_Value* v = AST_Value::narrow_from_decl(d);
     if (!v)
         throw Visitor_i::NarrowFailure(visitor(), d);
+    if (CxxRuntimeNames::provided(v, resolver())) {
+        at_indent() << "// " << CxxClientText(visitor()).full(v) << ": defined by the runtime\n\n";
+        return 1;
+    }
     output_value(v);
     output_init(v);
     return 1;
@@ -70,7 +75,9 @@ void VE_HH_MainStartPoint_Value::output_value(AST_Value* v)
                 at_indent() << "  protected:\n";
             }
             private_state = true;
+            indent().increment();
             output_state_member(m);
+            indent().decrement();
         }
     at_indent() << "};\n";
     text.write_typecode_declaration(v);
@@ -113,13 +120,11 @@ void VE_HH_MainStartPoint_Value::output_state_member(AST_StateMember* m)
     const CxxTypeMapping& map = text.mapping();
     AST_Type* t = m->field_type();
     const std::string name = text.local(m);
-    indent().increment();
     at_indent() << "virtual void " << name << "(" << map.member_writer(t) << " _yvp_value) = 0;\n";
     at_indent() << "virtual " << map.member_reader(t) << " " << name << "() const = 0;\n";
     if (CxxTypeMapping::has_member_modifier(t))
         at_indent() << "virtual " << map.member_modifier(t) << " " << name << "() = 0;\n";
     os() << "\n";
-    indent().decrement();
 }
 
 void VE_HH_MainStartPoint_Value::output_init(AST_Value* v)

@@ -36,8 +36,9 @@ protected:
     // operations, attributes and public state members' accessors as pure
     // virtual members, nested types and constants.
     virtual void output_members(AST_Value* v);
-    // The accessors of a state member: writer, reader and, for values
-    // handed out by reference, the modifier; all pure virtual.
+    // The accessors of a state member at the current level: writer, reader
+    // and, for values handed out by reference, the modifier; all pure
+    // virtual.
     virtual void output_state_member(AST_StateMember* m);
     // The factory class V_init, when the value type declares factories.
     virtual void output_init(AST_Value* v);

@@ -1,0 +1,154 @@
+#!/bin/bash
+# Compiles the output of `yvidl -base -poa` for a whole set of IDL files in
+# one configuration of the generators' switches:
+#
+#   compile_generated.sh <config> <yvidl> <runtime include dir> <source dir> <work dir>
+#
+# <config> is one of plain, tie, ami, raises, rtti. The set is every file of
+# the installed IDL corpus that the front end accepts (the files its corpus
+# test lists as rejected are left out), every IDL file under examples/, and
+# the IDL inputs of the tests. Each group of files is generated into a
+# directory of its own that mirrors the group's include directories, so that
+# the include lines of generated headers find the headers of included files;
+# then every generated .cxx file is compiled with
+#   g++ -std=c++17 -Wall -Wextra -Werror -fsyntax-only
+# two at a time. A file whose non-local interfaces use native types in
+# dispatched signatures must fail with the skeleton generator's error for
+# natives instead, and is listed below. Test inputs that the front end
+# rejects (inputs of error tests) are left out. Exits 77 (skipped) when the
+# corpus is not installed.
+set -u
+
+config=$1
+yvidl=$2
+runtime_include=$3
+source_dir=$4
+work=$5/$config
+
+corpus=/usr/share/idl/omniORB
+if [ ! -d "$corpus" ]; then
+    echo "SKIP: $corpus is not installed"
+    exit 77
+fi
+if [ ! -x "$yvidl" ]; then
+    echo "FAIL: the compiler $yvidl is not built"
+    exit 1
+fi
+
+case $config in
+plain) options=(-base -poa) ;;
+tie) options=(-base -poa:-xTIE) ;;
+ami) options=(-base:-xAMICallbacks -poa:-xAMICallbacks) ;;
+raises) options=(-base -poa:-xEnforceRaises) ;;
+rtti) options=(-base -poa:-xRTTI) ;;
+*) echo "FAIL: unknown configuration $config"; exit 1 ;;
+esac
+
+# Files whose dispatched signatures use native types: the skeleton
+# generator must refuse them (paths relative to their group's root).
+natives_expected=(
+    "cxx/natives.idl"
+)
+
+# The corpus files that the front end rejects, as its corpus test lists them.
+rejected=$(grep -o '{"[^"]*\.idl"' "$source_dir/tests/frontend/Corpus_test.cpp" | sed 's/^{"//; s/"$//')
+if [ -z "$rejected" ]; then
+    echo "FAIL: no list of rejected corpus files in tests/frontend/Corpus_test.cpp"
+    exit 1
+fi
+
+rm -rf "$work"
+mkdir -p "$work"
+failures=0
+compiled_list="$work/compile.list"
+: > "$compiled_list"
+
+# generate <group> <root> <must-parse:0|1> <include dir>...
+# Generates every IDL file under <root> into $work/<group>/<its directory
+# relative to <root>>.
+generate() {
+    local group=$1 root=$2 must_parse=$3
+    shift 3
+    local incs=()
+    local d
+    for d in "$@"; do incs+=("-I$d"); done
+    local f rel out err status
+    while IFS= read -r f; do
+        rel=${f#"$root"/}
+        if [ "$group" = corpus ] && grep -qx "$rel" <<< "$rejected"; then
+            continue
+        fi
+        out="$work/$group/$(dirname "$rel")"
+        mkdir -p "$out"
+        err=$(cd "$out" && "$yvidl" "${incs[@]}" "${options[@]}" "$f" 2>&1)
+        status=$?
+        local native=0 n
+        for n in "${natives_expected[@]}"; do
+            [ "$group/$rel" = "$n" ] && native=1
+        done
+        if [ $native = 1 ]; then
+            if grep -q "POA Error. Cannot generate a POA dispatch method that contains a native type." <<< "$err"; then
+                echo "native: $group/$rel refused as expected"
+                # The client side is complete; only the skeleton is missing.
+                printf '%s\n' "$out/$(basename "${rel%.idl}").cxx" >> "$compiled_list"
+            else
+                echo "FAIL: $group/$rel: expected the error for native types"
+                failures=$((failures + 1))
+            fi
+            continue
+        fi
+        if [ $status != 0 ]; then
+            if [ "$must_parse" = 0 ] && ! grep -q 'POA Error\|C++ Error' <<< "$err"; then
+                echo "skipped: $group/$rel (rejected by the front end)"
+                continue
+            fi
+            echo "FAIL: $group/$rel: yvidl ${options[*]} exited $status"
+            printf '%s\n' "$err" | head -5
+            failures=$((failures + 1))
+            continue
+        fi
+        local base=${rel%.idl}
+        for g in "$out/$(basename "$base").cxx" "$out/$(basename "$base")S.cxx"; do
+            [ -f "$g" ] && printf '%s\n' "$g" >> "$compiled_list"
+        done
+    done < <(find "$root" -name '*.idl' | LC_ALL=C sort)
+    for d in "$@"; do
+        printf -- '-I%s\n' "$work/$group/${d#"$root"}" >> "$work/$group.includes"
+    done
+}
+
+generate corpus "$corpus" 1 "$corpus" "$corpus/COS"
+generate examples "$source_dir/examples" 1 "$source_dir/examples"
+for data in $(find "$source_dir/tests" -name '*.idl' -printf '%h\n' | sed 's#/data/.*#/data#' | LC_ALL=C sort -u); do
+    layer=$(basename "$(dirname "$data")")
+    dirs=("$data")
+    for sub in $(find "$data" -type d -name inc | LC_ALL=C sort); do
+        dirs+=("$sub" "$(dirname "$sub")")
+    done
+    generate "$layer" "$data" 0 "${dirs[@]}"
+done
+
+# compile_one <file>: compiles one generated file with the include
+# directories of its group; prints FAIL and the first errors on failure.
+compile_one() {
+    local f=$1 group rest
+    rest=${f#"$work"/}
+    group=${rest%%/*}
+    local incs
+    mapfile -t incs < "$work/$group.includes"
+    if ! out=$(g++ -std=c++17 -Wall -Wextra -Werror -fsyntax-only "${incs[@]}" -I"$runtime_include" "$f" 2>&1); then
+        echo "FAIL: $rest does not compile"
+        printf '%s\n' "$out" | grep -E 'error|warning' | head -5
+        return 1
+    fi
+}
+export -f compile_one
+export work runtime_include
+
+total=$(wc -l < "$compiled_list")
+compile_failures=$(xargs -P2 -I{} bash -c 'compile_one "$1" || echo COMPILE_FAILED' _ {} < "$compiled_list" | tee "$work/compile.log" | grep -c COMPILE_FAILED)
+grep -v COMPILE_FAILED "$work/compile.log"
+failures=$((failures + compile_failures))
+
+echo "$config: $total generated files compiled, $failures failures"
+[ $failures = 0 ]
