@@ -50,6 +50,31 @@ natives_expected=(
     "cxx/natives.idl"
 )
 
+# Generated files that do not compile for a reason outside the C++ back
+# end, each reported to its owner: <config or *> <file> <reason>. Such a
+# file is compiled all the same; a failure is reported as known, and a
+# success asks for the entry to be removed.
+known_failures=(
+    "* corpus/poa_include.cxx the runtime defines PortableServer::Servant (ServantBase*), the IDL file too (short)"
+    "* corpus/poa_includeS.cxx the runtime defines PortableServer::Servant (ServantBase*), the IDL file too (short)"
+    "* corpus/poa.cxx the runtime defines PortableServer::Servant (ServantBase*), the IDL file too (short)"
+    "* corpus/poaS.cxx the runtime defines PortableServer::Servant (ServantBase*), the IDL file too (short)"
+    "ami corpus/messagingS.cxx the skeleton defines POA_Messaging::ReplyHandler, which <omg/MessagingS.hh> defines too"
+    "plain frontend/tree/includesS.cxx @switch -xTIE in the main file: the TIE class derives from the TIE class of a base whose file was generated without -xTIE"
+    "ami frontend/tree/includesS.cxx @switch -xTIE in the main file: the TIE class derives from the TIE class of a base whose file was generated without -xTIE"
+    "raises frontend/tree/includesS.cxx @switch -xTIE in the main file: the TIE class derives from the TIE class of a base whose file was generated without -xTIE"
+    "rtti frontend/tree/includesS.cxx @switch -xTIE in the main file: the TIE class derives from the TIE class of a base whose file was generated without -xTIE"
+)
+known_list="$5/known-failures.$config"
+mkdir -p "$5"
+: > "$known_list"
+for k in "${known_failures[@]}"; do
+    read -r kconfig kfile kreason <<< "$k"
+    if [ "$kconfig" = "*" ] || [ "$kconfig" = "$config" ]; then
+        printf '%s %s\n' "$kfile" "$kreason" >> "$known_list"
+    fi
+done
+
 # The corpus files that the front end rejects, as its corpus test lists them.
 rejected=$(grep -o '{"[^"]*\.idl"' "$source_dir/tests/frontend/Corpus_test.cpp" | sed 's/^{"//; s/"$//')
 if [ -z "$rejected" ]; then
@@ -131,19 +156,28 @@ done
 # compile_one <file>: compiles one generated file with the include
 # directories of its group; prints FAIL and the first errors on failure.
 compile_one() {
-    local f=$1 group rest
+    local f=$1 group rest known
     rest=${f#"$work"/}
+    rest=${rest//\/.\//\/}
     group=${rest%%/*}
     local incs
     mapfile -t incs < "$work/$group.includes"
+    known=$(grep "^$rest " "$known_list" | cut -d' ' -f2-)
     if ! out=$(g++ -std=c++17 -Wall -Wextra -Werror -fsyntax-only "${incs[@]}" -I"$runtime_include" "$f" 2>&1); then
+        if [ -n "$known" ]; then
+            echo "known failure: $rest: $known"
+            return 0
+        fi
         echo "FAIL: $rest does not compile"
         printf '%s\n' "$out" | grep -E 'error|warning' | head -5
         return 1
     fi
+    if [ -n "$known" ]; then
+        echo "now compiles: $rest (remove it from the known failures)"
+    fi
 }
 export -f compile_one
-export work runtime_include
+export work runtime_include known_list
 
 total=$(wc -l < "$compiled_list")
 compile_failures=$(xargs -P2 -I{} bash -c 'compile_one "$1" || echo COMPILE_FAILED' _ {} < "$compiled_list" | tee "$work/compile.log" | grep -c COMPILE_FAILED)
