@@ -153,6 +153,19 @@ for data in $(find "$source_dir/tests" -name '*.idl' -printf '%h\n' | sed 's#/da
     generate "$layer" "$data" 0 "${dirs[@]}"
 done
 
+# Every generated file includes <zantic_sys/yvcxx.h> before any generated
+# declaration, so the test parses it once, as a precompiled header that is
+# included first: that halves the time of each compilation.
+pch_flags=()
+echo '#include <zantic_sys/yvcxx.h>' > "$work/yv_runtime.h"
+if g++ -std=c++17 -Wall -Wextra -Werror -I"$runtime_include" -x c++-header "$work/yv_runtime.h" \
+        -o "$work/yv_runtime.h.gch" 2> "$work/pch.log"; then
+    pch_flags=(-include "$work/yv_runtime.h" -Winvalid-pch)
+else
+    echo "note: no precompiled runtime header ($(head -1 "$work/pch.log"))"
+fi
+pch_text="${pch_flags[*]}"
+
 # compile_one <file>: compiles one generated file with the include
 # directories of its group; prints FAIL and the first errors on failure.
 compile_one() {
@@ -163,7 +176,9 @@ compile_one() {
     local incs
     mapfile -t incs < "$work/$group.includes"
     known=$(grep "^$rest " "$known_list" | cut -d' ' -f2-)
-    if ! out=$(g++ -std=c++17 -Wall -Wextra -Werror -fsyntax-only "${incs[@]}" -I"$runtime_include" "$f" 2>&1); then
+    local pch=()
+    [ -n "$pch_text" ] && read -r -a pch <<< "$pch_text"
+    if ! out=$(g++ -std=c++17 -Wall -Wextra -Werror -fsyntax-only "${pch[@]}" "${incs[@]}" -I"$runtime_include" "$f" 2>&1); then
         if [ -n "$known" ]; then
             echo "known failure: $rest: $known"
             return 0
@@ -177,7 +192,7 @@ compile_one() {
     fi
 }
 export -f compile_one
-export work runtime_include known_list
+export work runtime_include known_list pch_text
 
 total=$(wc -l < "$compiled_list")
 compile_failures=$(xargs -P2 -I{} bash -c 'compile_one "$1" || echo COMPILE_FAILED' _ {} < "$compiled_list" | tee "$work/compile.log" | grep -c COMPILE_FAILED)
