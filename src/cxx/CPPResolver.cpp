@@ -1,7 +1,7 @@
 #include "CPPResolver.h"
 
 #include <iterator>
-#include <set>
+#include <unordered_set>
 
 namespace {
 
@@ -29,7 +29,7 @@ const char* const cxx_keywords[] = {
 
 bool CPPResolver::is_cxx_keyword(const std::string& name)
 {
-    static const std::set<std::string> keywords(std::begin(cxx_keywords), std::end(cxx_keywords));
+    static const std::unordered_set<std::string> keywords(std::begin(cxx_keywords), std::end(cxx_keywords));
     return keywords.count(name) != 0;
 }
 

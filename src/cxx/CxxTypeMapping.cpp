@@ -16,8 +16,7 @@
 #include "DefaultOutputVisitor.h"
 #include "NameResolver.h"
 #include "UTL_Scope.h"
-
-#include <sstream>
+#include "YV_ScratchStream.h"
 
 namespace {
 
@@ -146,13 +145,14 @@ unsigned long CxxTypeMapping::string_bound(AST_Type* t)
 
 std::string CxxTypeMapping::scoped_name(AST_Decl* d) const
 {
-    std::ostringstream os;
+    YV_ScratchStream os_buf;
+    std::ostream& os = os_buf.stream();
     DefaultOutputVisitor plain(os, m_resolver);
     if (m_from)
         m_resolver.output_name_in_scope_with_visitor(os, d, m_from, &plain, "::");
     else
         m_resolver.output_fully_scoped_name_with_visitor(os, d, &plain, "::");
-    return os.str();
+    return os_buf.str();
 }
 
 std::string CxxTypeMapping::scope_prefix(AST_Decl* d) const

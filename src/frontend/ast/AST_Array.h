@@ -14,7 +14,7 @@ public:
         : AST_Type(NT_array, std::move(name)), m_base(base), m_dims(std::move(dims))
     {
     }
-    static AST_Array* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Array*>(d); }
+    static AST_Array* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_array ? static_cast<AST_Array*>(d) : nullptr; }
     AST_Type* base_type() const { return m_base; }
     const std::vector<unsigned long>& dims() const { return m_dims; }
     long accept(Visitor* v) override { return v->visit_AST_Array(this); }

@@ -13,7 +13,7 @@ public:
         : AST_Field(NT_attr, type, std::move(name)), m_readonly(readonly)
     {
     }
-    static AST_Attribute* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Attribute*>(d); }
+    static AST_Attribute* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_attr ? static_cast<AST_Attribute*>(d) : nullptr; }
 
     long readonly() const { return m_readonly; }
     UTL_ExceptList* get_exceptions() { return &m_get_raises; }

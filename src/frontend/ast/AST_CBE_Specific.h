@@ -14,7 +14,7 @@ public:
         : AST_Decl(NT_cbe_specific, Identifier(backend)), m_ident(std::move(backend)), m_text(std::move(text))
     {
     }
-    static AST_CBE_Specific* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_CBE_Specific*>(d); }
+    static AST_CBE_Specific* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_cbe_specific ? static_cast<AST_CBE_Specific*>(d) : nullptr; }
 
     // The name of the back end the block is addressed to.
     const char* cbe_ident() const { return m_ident.c_str(); }

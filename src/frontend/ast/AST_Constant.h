@@ -13,7 +13,7 @@ public:
         : AST_Decl(NT_const, std::move(name)), m_type(type), m_value(std::move(value))
     {
     }
-    static AST_Constant* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Constant*>(d); }
+    static AST_Constant* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_const ? static_cast<AST_Constant*>(d) : nullptr; }
 
     // The type as written (a typedef is not looked through).
     AST_Type* constant_type() const { return m_type; }

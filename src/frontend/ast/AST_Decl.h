@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+class AST_Type;
 class UTL_Scope;
 class Visitor;
 
@@ -84,6 +85,11 @@ public:
 
     // Hands the node to the visit operation of its class.
     virtual long accept(Visitor* v) = 0;
+
+    // The scope this node opens, or null (see DeclAsScope).
+    virtual UTL_Scope* as_scope() { return nullptr; }
+    // This node as a type, or null (see AST_Type::narrow_from_decl).
+    virtual AST_Type* as_type() { return nullptr; }
 
 private:
     NodeType m_node_type;

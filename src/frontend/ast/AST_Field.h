@@ -11,7 +11,7 @@
 class AST_Field : public AST_Decl {
 public:
     AST_Field(AST_Type* type, Identifier name) : AST_Decl(NT_field, std::move(name)), m_type(type) {}
-    static AST_Field* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Field*>(d); }
+    static AST_Field* narrow_from_decl(AST_Decl* d) { return d && (d->node_type() == NT_field || d->node_type() == NT_argument || d->node_type() == NT_attr || d->node_type() == NT_union_branch || d->node_type() == NT_state_member) ? static_cast<AST_Field*>(d) : nullptr; }
 
     AST_Type* field_type() const { return m_type; }
     long accept(Visitor* v) override { return v->visit_AST_Field(this); }

@@ -8,7 +8,7 @@
 class AST_Fixed : public AST_Type {
 public:
     AST_Fixed(unsigned digits, unsigned scale) : AST_Type(NT_fixed, Identifier("fixed")), m_digits(digits), m_scale(scale) {}
-    static AST_Fixed* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Fixed*>(d); }
+    static AST_Fixed* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_fixed ? static_cast<AST_Fixed*>(d) : nullptr; }
     unsigned digits() const { return m_digits; }
     unsigned scale() const { return m_scale; }
     long accept(Visitor* v) override { return v->visit_AST_Fixed(this); }

@@ -16,7 +16,7 @@ public:
         : AST_Type(NT_interface, std::move(name)), m_abstract(is_abstract), m_local(is_local)
     {
     }
-    static AST_Interface* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Interface*>(d); }
+    static AST_Interface* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_interface ? static_cast<AST_Interface*>(d) : nullptr; }
 
     long is_local() const { return m_local; }
     long is_abstract() const { return m_abstract; }
@@ -35,6 +35,7 @@ public:
     }
 
     AST_Decl* scope_as_decl() override { return this; }
+    UTL_Scope* as_scope() override { return this; }
     long accept(Visitor* v) override
     {
         return m_abstract ? v->visit_AST_AbstractInterface(this) : v->visit_AST_Interface(this);

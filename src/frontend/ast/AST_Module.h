@@ -13,7 +13,7 @@ public:
         : AST_Decl(NT_module, std::move(name)), m_previous(previous_opening)
     {
     }
-    static AST_Module* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Module*>(d); }
+    static AST_Module* narrow_from_decl(AST_Decl* d) { return d && (d->node_type() == NT_module || d->node_type() == NT_root) ? static_cast<AST_Module*>(d) : nullptr; }
 
     // Non-zero when a module of the same name was opened earlier in the
     // same enclosing scope (in this file or an included one).
@@ -22,6 +22,7 @@ public:
     AST_Module* previous_opening() const { return m_previous; }
 
     AST_Decl* scope_as_decl() override { return this; }
+    UTL_Scope* as_scope() override { return this; }
     long accept(Visitor* v) override { return v->visit_AST_Module(this); }
 
 protected:

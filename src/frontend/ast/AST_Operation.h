@@ -17,7 +17,7 @@ public:
         : AST_Decl(NT_op, std::move(name)), m_return_type(return_type), m_flags(flags)
     {
     }
-    static AST_Operation* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Operation*>(d); }
+    static AST_Operation* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_op ? static_cast<AST_Operation*>(d) : nullptr; }
 
     AST_Type* return_type() const { return m_return_type; }
     Flags flags() const { return m_flags; }
@@ -29,6 +29,7 @@ public:
     void set_context(UTL_StrList c) { m_context = std::move(c); }
 
     AST_Decl* scope_as_decl() override { return this; }
+    UTL_Scope* as_scope() override { return this; }
     long accept(Visitor* v) override { return v->visit_AST_Operation(this); }
 
 private:

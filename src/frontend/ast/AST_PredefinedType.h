@@ -29,7 +29,7 @@ public:
     };
 
     AST_PredefinedType(PredefinedType pt, Identifier name) : AST_Type(NT_pre_defined, std::move(name)), m_pt(pt) {}
-    static AST_PredefinedType* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_PredefinedType*>(d); }
+    static AST_PredefinedType* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_pre_defined ? static_cast<AST_PredefinedType*>(d) : nullptr; }
 
     PredefinedType pt() const { return m_pt; }
     long accept(Visitor* v) override { return v->visit_AST_PredefinedType(this); }

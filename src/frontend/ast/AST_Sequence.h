@@ -12,7 +12,7 @@ public:
         : AST_Type(NT_sequence, Identifier("sequence")), m_base(base), m_max(max_size)
     {
     }
-    static AST_Sequence* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Sequence*>(d); }
+    static AST_Sequence* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_sequence ? static_cast<AST_Sequence*>(d) : nullptr; }
     AST_Type* base_type() const { return m_base; }
     unsigned long max_size() const { return m_max; }
     // True when the element type is a structure or union still being

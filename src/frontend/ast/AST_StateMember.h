@@ -10,7 +10,7 @@ public:
         : AST_Field(NT_state_member, type, std::move(name)), m_public(is_public)
     {
     }
-    static AST_StateMember* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_StateMember*>(d); }
+    static AST_StateMember* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_state_member ? static_cast<AST_StateMember*>(d) : nullptr; }
     long is_public() const { return m_public; }
     long accept(Visitor* v) override { return v->visit_AST_StateMember(this); }
 

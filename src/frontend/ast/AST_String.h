@@ -13,7 +13,7 @@ public:
         : AST_Type(NT_string, Identifier(wide ? "wstring" : "string")), m_wide(wide), m_max(max_size), m_anonymous(anonymous)
     {
     }
-    static AST_String* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_String*>(d); }
+    static AST_String* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_string ? static_cast<AST_String*>(d) : nullptr; }
 
     long is_wide() const { return m_wide; }
     unsigned long max_size() const { return m_max; }

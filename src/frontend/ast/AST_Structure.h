@@ -14,7 +14,7 @@ class AST_Field;
 class AST_Structure : public AST_Type, public UTL_Scope {
 public:
     explicit AST_Structure(Identifier name) : AST_Type(NT_struct, std::move(name)) {}
-    static AST_Structure* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Structure*>(d); }
+    static AST_Structure* narrow_from_decl(AST_Decl* d) { return d && (d->node_type() == NT_struct || d->node_type() == NT_except) ? static_cast<AST_Structure*>(d) : nullptr; }
 
     // The members, in declaration order (nested type definitions left out).
     std::vector<AST_Field*> fields() const;
@@ -23,6 +23,7 @@ public:
     void set_defined(bool d) { m_defined = d; }
 
     AST_Decl* scope_as_decl() override { return this; }
+    UTL_Scope* as_scope() override { return this; }
     long accept(Visitor* v) override { return v->visit_AST_Structure(this); }
 
 protected:

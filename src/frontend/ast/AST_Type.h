@@ -7,7 +7,8 @@
 class AST_Type : public AST_Decl {
 public:
     using AST_Decl::AST_Decl;
-    static AST_Type* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Type*>(d); }
+    static AST_Type* narrow_from_decl(AST_Decl* d) { return d ? d->as_type() : nullptr; }
+    AST_Type* as_type() override { return this; }
 };
 
 #endif

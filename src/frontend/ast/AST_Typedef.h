@@ -8,7 +8,7 @@
 class AST_Typedef : public AST_Type {
 public:
     AST_Typedef(AST_Type* base, Identifier name) : AST_Type(NT_typedef, std::move(name)), m_base(base) {}
-    static AST_Typedef* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Typedef*>(d); }
+    static AST_Typedef* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_typedef ? static_cast<AST_Typedef*>(d) : nullptr; }
     AST_Type* base_type() const { return m_base; }
     // Follows a chain of typedefs to the first type that is not one.
     AST_Type* primitive_base_type() const

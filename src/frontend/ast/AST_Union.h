@@ -14,7 +14,7 @@ class AST_UnionBranch;
 class AST_Union : public AST_Type, public UTL_Scope {
 public:
     AST_Union(Identifier name, AST_Type* disc_type) : AST_Type(NT_union, std::move(name)), m_disc(disc_type) {}
-    static AST_Union* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Union*>(d); }
+    static AST_Union* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_union ? static_cast<AST_Union*>(d) : nullptr; }
 
     // The discriminator type as written (a typedef is not looked through).
     AST_Type* disc_type() const { return m_disc; }
@@ -25,6 +25,7 @@ public:
     void set_defined(bool d) { m_defined = d; }
 
     AST_Decl* scope_as_decl() override { return this; }
+    UTL_Scope* as_scope() override { return this; }
     long accept(Visitor* v) override { return v->visit_AST_Union(this); }
 
 private:

@@ -13,7 +13,7 @@ public:
         : AST_Field(NT_union_branch, type, std::move(name)), m_labels(std::move(labels))
     {
     }
-    static AST_UnionBranch* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_UnionBranch*>(d); }
+    static AST_UnionBranch* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_union_branch ? static_cast<AST_UnionBranch*>(d) : nullptr; }
     const std::vector<AST_UnionLabel>& labels() const { return m_labels; }
     long accept(Visitor* v) override { return v->visit_AST_UnionBranch(this); }
 

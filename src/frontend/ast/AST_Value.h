@@ -17,7 +17,7 @@ public:
         : AST_Type(NT_value, std::move(name)), m_abstract(is_abstract), m_custom(is_custom)
     {
     }
-    static AST_Value* narrow_from_decl(AST_Decl* d) { return dynamic_cast<AST_Value*>(d); }
+    static AST_Value* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_value ? static_cast<AST_Value*>(d) : nullptr; }
 
     long is_abstract() const { return m_abstract; }
     long is_custom() const { return m_custom; }
@@ -53,6 +53,7 @@ public:
     void set_defined(bool d) { m_defined = d; }
 
     AST_Decl* scope_as_decl() override { return this; }
+    UTL_Scope* as_scope() override { return this; }
     long accept(Visitor* v) override { return v->visit_AST_Value(this); }
 
 private:

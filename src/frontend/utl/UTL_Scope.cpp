@@ -46,4 +46,4 @@ std::unique_ptr<AST_Decl> UTL_Scope::take_pending(AST_Decl* d)
 
 AST_Decl* ScopeAsDecl(UTL_Scope* s) { return s ? s->scope_as_decl() : nullptr; }
 
-UTL_Scope* DeclAsScope(AST_Decl* d) { return dynamic_cast<UTL_Scope*>(d); }
+UTL_Scope* DeclAsScope(AST_Decl* d) { return d ? d->as_scope() : nullptr; }

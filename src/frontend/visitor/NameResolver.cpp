@@ -35,7 +35,7 @@ void NameResolver::resolve_clashes(AST_Decl* root)
 {
     if (!root)
         return;
-    m_resolved[root] = resolve(root);
+    m_tree_names[root] = &resolve(root);
     if (UTL_Scope* s = DeclAsScope(root)) {
         for (const auto& d : s->decls())
             resolve_clashes(d.get());
@@ -44,18 +44,24 @@ void NameResolver::resolve_clashes(AST_Decl* root)
     }
 }
 
-std::string NameResolver::resolve(AST_Decl* d) const
+const std::string& NameResolver::resolve(AST_Decl* d)
 {
     const std::string& name = d->local_name()->str();
-    return is_reserved(name) ? m_clash_prefix + name : name;
+    if (!is_reserved(name))
+        return name;
+    auto it = m_changed.find(name);
+    if (it == m_changed.end())
+        it = m_changed.emplace(name, m_clash_prefix + name).first;
+    return it->second;
 }
 
-std::string NameResolver::local_name(AST_Decl* d)
+const std::string& NameResolver::local_name(AST_Decl* d)
 {
+    static const std::string none;
     if (!d)
-        return std::string();
-    auto it = m_resolved.find(d);
-    return it != m_resolved.end() ? it->second : resolve(d);
+        return none;
+    auto it = m_tree_names.find(d);
+    return it != m_tree_names.end() ? *it->second : resolve(d);
 }
 
 void NameResolver::output_fully_scoped_name(std::ostream& os, AST_Decl* d)

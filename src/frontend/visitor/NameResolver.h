@@ -29,8 +29,9 @@ public:
     virtual void resolve_clashes(AST_Decl* root);
 
     // The name of `d` after clash resolution. Works for nodes made after
-    // resolve_clashes too (they are resolved when asked).
-    virtual std::string local_name(AST_Decl* d);
+    // resolve_clashes too. The result lives as long as the node (or, for a
+    // changed name, as long as the resolver).
+    virtual const std::string& local_name(AST_Decl* d);
 
     // M::I for I in module M (no leading "::").
     virtual void output_fully_scoped_name(std::ostream& os, AST_Decl* d);
@@ -52,10 +53,15 @@ protected:
     virtual bool is_reserved(const std::string& name) const;
 
 private:
-    std::string resolve(AST_Decl* d) const;
-
     std::string m_clash_prefix;
-    std::unordered_map<const AST_Decl*, std::string> m_resolved;
+    // The name in effect, worked out once. Changed names by IDL name:
+    // whether a name changes depends on the name alone, so nodes made after
+    // resolve_clashes share the entries.
+    const std::string& resolve(AST_Decl* d);
+    std::unordered_map<std::string, std::string> m_changed;
+    // The names of the tree's nodes, found by resolve_clashes. Tree nodes
+    // outlive the run, so no other node can take over an address listed here.
+    std::unordered_map<const AST_Decl*, const std::string*> m_tree_names;
 };
 
 #endif

@@ -52,18 +52,22 @@ void Visitor_i::add_element(const char* key, VisitorElement* e)
 {
     std::unique_ptr<VisitorElement> owned(e);
     for (auto& entry : m_elements)
-        if (entry.first == key) {
-            entry.second = std::move(owned);
+        if (entry.key == key) {
+            entry.key_address = key;
+            entry.element = std::move(owned);
             return;
         }
-    m_elements.emplace_back(key, std::move(owned));
+    m_elements.push_back(Entry{key, key, std::move(owned)});
 }
 
 Visitor_i::VisitorElement* Visitor_i::find_element(const char* key) const
 {
     for (const auto& entry : m_elements)
-        if (entry.first == key)
-            return entry.second.get();
+        if (entry.key_address == key)
+            return entry.element.get();
+    for (const auto& entry : m_elements)
+        if (entry.key == key)
+            return entry.element.get();
     return nullptr;
 }
 

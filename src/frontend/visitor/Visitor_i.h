@@ -93,7 +93,12 @@ protected:
 private:
     UTL_Scope* m_scope;
     CodeGenerator* m_generator;
-    std::vector<std::pair<std::string, std::unique_ptr<VisitorElement>>> m_elements;
+    struct Entry {
+        const char* key_address;   // the key as registered: lookups by the same constant match at once
+        std::string key;
+        std::unique_ptr<VisitorElement> element;
+    };
+    std::vector<Entry> m_elements;
 };
 
 #endif

@@ -1,5 +1,7 @@
 #include "VE_POA_Impl_Interface.h"
 
+#include "YV_ScratchStream.h"
+
 #include "AST_Attribute.h"
 #include "AST_Exception.h"
 #include "AST_Interface.h"
@@ -956,12 +958,13 @@ std::string VE_POA_Impl_Interface::dispatch_function_name(AST_Decl* d, const cha
 
 std::string VE_POA_Impl_Interface::streamable_class(AST_Type* t)
 {
-    std::ostringstream text;
+    YV_ScratchStream text_buf;
+    std::ostream& text = text_buf.stream();
     VIS_Client_DeclareAsst_Factory* factory = VIS_Client_DeclareAsst_Factory::find_factory(GEN_POACxx::narrow_from_gen(generator())->visitorFF());
     // The factory hands the visitor over; it names this one class.
     std::unique_ptr<VIS_Client_DeclareAsst> declare(factory->create_VIS_Client_DeclareAsst(text, indent().get_indent(), root_scope(), generator(), streamable_class_usage));
     t->accept(declare.get());
-    return text.str();
+    return text_buf.str();
 }
 
 std::string VE_POA_Impl_Interface::fully_scoped(AST_Decl* d) const

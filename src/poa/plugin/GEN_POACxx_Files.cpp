@@ -14,7 +14,7 @@
 
 #include <cctype>
 #include <cstdlib>
-#include <fstream>
+#include "YV_OutputFile.h"
 #include <iostream>
 #include <memory>
 
@@ -23,9 +23,9 @@ YV_String GEN_POACxx::skeleton_file_name(const YV_String& base, const YV_String&
     return base + (ext.contains(".") ? "" : "S.") + ext;
 }
 
-void GEN_POACxx::open_or_exit(std::ofstream& out, const YV_String& path, const char* what) const
+void GEN_POACxx::open_or_exit(YV_OutputFile& out, const YV_String& path, const char* what) const
 {
-    out.open(path.c_str(), std::ios::out | std::ios::trunc);
+    out.open(path.str());
     if (!out) {
         std::cerr << global_data()->prog_name() << what << path << " for writing." << std::endl;
         std::exit(99);
@@ -56,7 +56,7 @@ void GEN_POACxx::setFileStrings()
 void GEN_POACxx::generate_hh()
 {
     setFileStrings();
-    std::ofstream out;
+    YV_OutputFile out;
     open_or_exit(out, m_header_dir + m_header_name, ": Error: Could not open ");
     outputIncludes(out);
     outputDeclSpec(out);
@@ -93,7 +93,7 @@ void GEN_POACxx::generate_impl()
     YV_String base = dot == YV_String::npos ? file : file.substr(0, dot);
     YV_String header = skeleton_file_name(base, m_header_ext);
 
-    std::ofstream out;
+    YV_OutputFile out;
     open_or_exit(out, m_stub_dir + skeleton_file_name(base, m_stub_ext), ": error: could not open ");
     output_copyright(out);
     out << "\n";

@@ -6,9 +6,9 @@
 #include "AST_Value.h"
 #include "CxxTypeQueries.h"
 #include "NameResolver.h"
+#include "YV_ScratchStream.h"
 
 #include <ostream>
-#include <sstream>
 
 POA_OutputVisitor::POA_OutputVisitor(std::ostream& os, NameResolver& resolver)
     : Visitor_i(nullptr, nullptr), DefaultOutputVisitor(os, resolver)
@@ -31,25 +31,28 @@ long POA_OutputVisitor::visit_AST_Value(AST_Value* n) { return write_poa_name(n)
 
 std::string POA_OutputVisitor::skeleton_name(NameResolver& resolver, AST_Decl* d)
 {
-    std::ostringstream text;
+    YV_ScratchStream text_buf;
+    std::ostream& text = text_buf.stream();
     POA_OutputVisitor names(text, resolver);
     d->accept(&names);
-    return text.str();
+    return text_buf.str();
 }
 
 std::string POA_OutputVisitor::skeleton_name_in_scope(NameResolver& resolver, AST_Decl* d, UTL_Scope* from,
                                                       const char* sep)
 {
-    std::ostringstream text;
+    YV_ScratchStream text_buf;
+    std::ostream& text = text_buf.stream();
     POA_OutputVisitor names(text, resolver);
     resolver.output_name_in_scope_with_visitor(text, d, from, &names, sep);
-    return text.str();
+    return text_buf.str();
 }
 
 std::string POA_OutputVisitor::skeleton_scoped_name(NameResolver& resolver, AST_Decl* d, const char* sep)
 {
-    std::ostringstream text;
+    YV_ScratchStream text_buf;
+    std::ostream& text = text_buf.stream();
     POA_OutputVisitor names(text, resolver);
     resolver.output_fully_scoped_name_with_visitor(text, d, &names, sep);
-    return text.str();
+    return text_buf.str();
 }
