@@ -104,20 +104,23 @@ TEST(Table, AutomaticSizeIsAboveTheKeyCount)
     }
 }
 
-TEST(Table, TooLargeSizeIsReportedAndTheAutomaticSizeUsed)
+TEST(Table, UnbuildableSizeIsReportedAndTheAutomaticSizeUsed)
 {
-    for (const char* options : {"-p31", "-p4000"}) {
+    for (const char* options : {"-p21", "-p31", "-p4000", "-p-4"}) {
         poatest::PoaRun run = poatest::run_poa(operations(2), options);
         ASSERT_TRUE(run.cxx_written) << run.err;
         const std::string n = std::string(options).substr(2);
         EXPECT_NE(std::string::npos, run.err.find("test.idl:1: POA Error. Dispatch table size 2^" + n +
-                                                  " is too large; using the automatic size.\n"))
+                                                  " cannot be built; using the automatic size.\n"))
             << run.err;
         EXPECT_EQ(8u, tabletest::read_tables(run.cxx).at("POA_Ops").slots.size());
     }
-    poatest::PoaRun negative = poatest::run_poa(operations(2), "-p-4");
-    EXPECT_EQ("", negative.err);
-    EXPECT_EQ(8u, tabletest::read_tables(negative.cxx).at("POA_Ops").slots.size());
+    // -p-1 is the value of an absent -p.
+    poatest::PoaRun absent = poatest::run_poa(operations(2), "-p-1");
+    EXPECT_EQ("", absent.err);
+    EXPECT_EQ(8u, tabletest::read_tables(absent.cxx).at("POA_Ops").slots.size());
+    poatest::PoaRun largest = poatest::run_poa(operations(2), "-p20");
+    EXPECT_EQ("", largest.err);
 }
 
 // Keys are what arrives in a request; values name the dispatch function of

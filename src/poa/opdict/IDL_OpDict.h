@@ -34,9 +34,12 @@ public:
 
     using HashFunction = std::uint64_t (*)(const char*);
 
-    // Bit counts above this give tables that a 32-bit signed slot count
-    // cannot number; callers choose another size before constructing.
-    static constexpr unsigned long max_bits = 30;
+    // The largest table built: 2^20 slots. Beyond 30 bits a 32-bit signed
+    // slot count cannot number the slots at all, and well before that the
+    // table (every slot is printed) would take gigabytes of memory and text;
+    // a million slots is far more than any interface can use. Callers choose
+    // another size before constructing.
+    static constexpr unsigned long max_bits = 20;
 
     // A table of 2^bits unused slots placing keys with `hash`. Throws
     // std::length_error for a bit count above max_bits.
