@@ -61,7 +61,7 @@ inline void expect_header_golden(const HeaderScenario& s)
     EXPECT_EQ(run.err, "");
     EXPECT_TRUE(run.cxx_written);
     ASSERT_TRUE(run.hh_written);
-    EXPECT_EQ(yvtest::compare_golden(golden_path(std::string("hh/") + s.name + ".hh"), run.hh), "");
+    EXPECT_EQ(yvtest::compare_golden(golden_path(std::string("hh/") + s.name + ".hh.golden"), run.hh), "");
 }
 
 } // namespace poatest

@@ -136,7 +136,7 @@ TEST_P(HeaderError, ReportedTwiceAndRunAbandoned)
     EXPECT_FALSE(run.cxx_written);
     ASSERT_TRUE(run.hh_written);
     EXPECT_EQ(run.hh.find("#endif"), std::string::npos);
-    EXPECT_EQ(yvtest::compare_golden(poatest::golden_path(std::string("hh/") + s.name + ".hh"), run.hh), "");
+    EXPECT_EQ(yvtest::compare_golden(poatest::golden_path(std::string("hh/") + s.name + ".hh.golden"), run.hh), "");
 }
 
 const ErrorScenario ERROR_SCENARIOS[] = {

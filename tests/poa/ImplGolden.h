@@ -12,7 +12,7 @@
 namespace impltest {
 
 // Runs the generator over `idl` with `options` and compares the
-// implementation file with data/impl/<name>.cxx. The run must be clean.
+// implementation file with data/impl/<name>.cxx.golden. The run must be clean.
 inline void expect_impl_golden(const std::string& name, const std::string& idl, const char* options)
 {
     poatest::PoaRun run = poatest::run_poa(idl, options);
@@ -20,7 +20,7 @@ inline void expect_impl_golden(const std::string& name, const std::string& idl, 
     ASSERT_TRUE(run.cxx_written) << run.err;
     EXPECT_EQ("", run.err);
     EXPECT_EQ(0, run.errors);
-    EXPECT_EQ("", yvtest::compare_golden(poatest::golden_path("impl/" + name + ".cxx"), run.cxx)) << name;
+    EXPECT_EQ("", yvtest::compare_golden(poatest::golden_path("impl/" + name + ".cxx.golden"), run.cxx)) << name;
 }
 
 } // namespace impltest

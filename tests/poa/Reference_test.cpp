@@ -14,8 +14,8 @@ TEST(Reference, EveryFeatureWithTieAndReplyHandlers)
     ASSERT_TRUE(run.parsed) << run.err;
     ASSERT_TRUE(run.hh_written && run.cxx_written) << run.err;
     EXPECT_EQ("", run.err);
-    EXPECT_EQ("", yvtest::compare_golden(poatest::golden_path("reference/referenceS.hh"), run.hh));
-    EXPECT_EQ("", yvtest::compare_golden(poatest::golden_path("reference/referenceS.cxx"), run.cxx));
+    EXPECT_EQ("", yvtest::compare_golden(poatest::golden_path("reference/referenceS.hh.golden"), run.hh));
+    EXPECT_EQ("", yvtest::compare_golden(poatest::golden_path("reference/referenceS.cxx.golden"), run.cxx));
 
     // The same input gives the same bytes.
     poatest::PoaRun again = poatest::run_poa(idl, "-xTIE:-xAMICallbacks", "reference.idl");
