@@ -338,7 +338,7 @@ std::string CxxTypeMapping::member(AST_Type* t) const
     switch (kind_of(t)) {
     case K_string: return "CORBA::String_var";
     case K_wstring: return "CORBA::WString_var";
-    case K_principal: return "CORBA::Principal_ptr";
+    case K_principal:
     case K_typecode:
     case K_object:
     case K_interface:
@@ -370,6 +370,7 @@ std::string CxxTypeMapping::assign_member(AST_Type* t, const std::string& target
 {
     switch (kind_of(t)) {
     case K_typecode:
+    case K_principal:
     case K_object:
     case K_interface:
         return target + " = YV_Cxx::ObjRefTraits<" + name(t) + ">::duplicate(" + source + ")";

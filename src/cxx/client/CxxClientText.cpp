@@ -76,7 +76,7 @@ void CxxClientText::write_companions(AST_Type* t, const std::string& n, UTL_Scop
     case CxxTypeMapping::K_wstring: var_out("CORBA::WString_var", "CORBA::WString_out"); break;
     case CxxTypeMapping::K_any: var_out("CORBA::Any_var", "CORBA::Any_out"); break;
     case CxxTypeMapping::K_fixed: var_out("CORBA::Fixed_var", "CORBA::Fixed_out"); break;
-    case CxxTypeMapping::K_principal: line("typedef " + n + "* " + n + "_ptr;"); break;
+    case CxxTypeMapping::K_principal:
     case CxxTypeMapping::K_typecode:
     case CxxTypeMapping::K_object:
     case CxxTypeMapping::K_interface:
