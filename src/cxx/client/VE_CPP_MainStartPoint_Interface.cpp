@@ -14,6 +14,7 @@
 #include "VE_Client_Interface.h"
 #include "VE_HH_MainStartPoint_Interface.h"
 
+#include <algorithm>
 #include <memory>
 #include <ostream>
 
@@ -158,16 +159,16 @@ void VE_CPP_MainStartPoint_Interface::output_proxy(AST_Interface* i, const Handl
                 for (const auto& a : op->decls())
                     if (AST_Argument* arg = AST_Argument::narrow_from_decl(a.get()))
                         params.push_back({arg->field_type(), {CxxTypeMapping::mode_of(arg->direction()), text.local(arg)}});
-                output_proxy_member(x, map.param(op->return_type(), CxxTypeMapping::M_return), op->return_type(),
+                output_proxy_member(map.param(op->return_type(), CxxTypeMapping::M_return), op->return_type(),
                                     proxy + text.local(op), params, request_name(op, handler_target),
                                     op_has_natives(op));
             } else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(member.get())) {
                 const std::string name = a->local_name()->str();
                 AST_Type* t = a->field_type();
-                output_proxy_member(x, map.param(t, CxxTypeMapping::M_return), t, proxy + text.local(a), Params(),
+                output_proxy_member(map.param(t, CxxTypeMapping::M_return), t, proxy + text.local(a), Params(),
                                     "_get_" + name, attr_has_natives(a));
                 if (!a->readonly())
-                    output_proxy_member(x, "void", nullptr, proxy + text.local(a),
+                    output_proxy_member("void", nullptr, proxy + text.local(a),
                                         Params{{t, {CxxTypeMapping::M_in, "_yvvar_" + text.local(a)}}},
                                         "_set_" + name, attr_has_natives(a));
             }
@@ -175,7 +176,7 @@ void VE_CPP_MainStartPoint_Interface::output_proxy(AST_Interface* i, const Handl
     }
 }
 
-void VE_CPP_MainStartPoint_Interface::output_proxy_member(AST_Interface*, const std::string& result_type,
+void VE_CPP_MainStartPoint_Interface::output_proxy_member(const std::string& result_type,
                                                           AST_Type* result, const std::string& name,
                                                           const Params& params, const std::string& request,
                                                           bool has_natives)

@@ -62,7 +62,7 @@ protected:
     // One proxy member: its declaration head, then the body that binds the
     // given parameters (type, mode, name) and the result and calls
     // _yv_invoke with `request`.
-    virtual void output_proxy_member(AST_Interface* i, const std::string& result_type, AST_Type* result,
+    virtual void output_proxy_member(const std::string& result_type, AST_Type* result,
                                      const std::string& name,
                                      const std::vector<std::pair<AST_Type*, std::pair<CxxTypeMapping::Mode, std::string>>>& params,
                                      const std::string& request, bool has_natives);
