@@ -74,7 +74,9 @@ private:
     POA* m_yv_poa = nullptr;
 };
 
-typedef ServantBase* Servant;
+// No `Servant` typedef here: IDL files of the POA module declare
+// PortableServer::Servant themselves, and the runtime must not clash with
+// their generated declarations. Runtime code names ServantBase* directly.
 
 } // namespace PortableServer
 
