@@ -117,6 +117,14 @@ interface Attrs {
                                  nullptr);
 }
 
+// Value boxes of several boxed kinds in every mode, as results and as
+// attributes: each is bound like a value type. The input lies beside the
+// golden so that the compile test of generated code builds it as well.
+TEST(Dispatch, ValueBoxesInEveryMode)
+{
+    impltest::expect_impl_golden("value_boxes", yvtest::read_file(poatest::golden_path("impl/value_boxes.idl")), nullptr);
+}
+
 // Dispatch functions appear for the interface's own operations and
 // attributes only, in declaration order; inherited ones belong to the base.
 TEST(Dispatch, OnlyOwnOperationsInDeclarationOrder)

@@ -549,7 +549,9 @@ void VE_POA_Impl_Interface::output_op_dispatch_local_declare_and_extract_variabl
     case AST_Decl::NT_fixed:
         line << fully_scoped(t) << "& " << n << " = *YV_REINTERPRET_CAST(" << fully_scoped(t) << "*, &" << extract_closed << "\n";
         break;
+    // A value box is a value type: the same pointer binding.
     case AST_Decl::NT_value:
+    case AST_Decl::NT_value_box:
         line << fully_scoped(t) << "*& " << n << " = " << extract << "\n";
         break;
     default:
