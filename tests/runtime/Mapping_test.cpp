@@ -78,6 +78,44 @@ TEST(Sequence, LengthBoundsAndDeepCopies)
     EXPECT_EQ(from_buffer[1], 5);
 }
 
+// Elements of array type cannot be assigned as a whole: every copy, growth,
+// shrink and move of the sequence works on them element by element.
+TEST(Sequence, OfArraysCopiesElementWise)
+{
+    typedef CORBA::Long Triple[3];
+    typedef CORBA::String_var Names2x2[2][2];
+
+    YV_Cxx::UnboundedSequence<Triple> triples;
+    triples.length(1);
+    triples[0][2] = 7;
+    triples.length(40); // grows past the first buffer: elements move
+    EXPECT_EQ(triples[0][2], 7);
+    EXPECT_EQ(triples[39][0], 0);
+    YV_Cxx::UnboundedSequence<Triple> copy = triples;
+    copy[0][2] = 8;
+    EXPECT_EQ(triples[0][2], 7);
+    copy = triples;
+    EXPECT_EQ(copy[0][2], 7);
+    triples.length(0);
+    triples.length(1);
+    EXPECT_EQ(triples[0][2], 0) << "a shrunk element is gone";
+
+    Triple* buffer = YV_Cxx::UnboundedSequence<Triple>::allocbuf(2);
+    buffer[1][1] = 5;
+    YV_Cxx::UnboundedSequence<Triple> from_buffer(2, 2, buffer, true);
+    EXPECT_EQ(from_buffer[1][1], 5);
+
+    YV_Cxx::BoundedSequence<Names2x2, 4> names;
+    names.length(2);
+    names[1][1][0] = "deep";
+    YV_Cxx::BoundedSequence<Names2x2, 4> names_copy(names);
+    names_copy[1][1][0] = "changed";
+    EXPECT_STREQ(names[1][1][0].in(), "deep");
+    names.length(1);
+    names.length(2);
+    EXPECT_EQ(names[1][1][0].in(), nullptr);
+}
+
 TEST(VarTypes, OwnAndHandOverTheirValues)
 {
     Bank::Names_var seq = new Bank::Names;

@@ -5,6 +5,9 @@
 //
 // Elements live in a buffer that the sequence always owns: the constructor
 // that takes a buffer copies it (and frees it when told to release it).
+// Elements of array type (a sequence of an IDL array typedef) cannot be
+// assigned as a whole, so every copy, move and reset of an element goes
+// through the helpers below, which work element by element on arrays.
 #ifndef YV_RT_YV_CXX_SEQUENCE_H
 #define YV_RT_YV_CXX_SEQUENCE_H
 
@@ -12,10 +15,43 @@
 #include "../CORBA/Types.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <utility>
 
 namespace YV_Cxx {
+
+namespace seq_element {
+
+template <class T>
+void copy_element(T& to, const T& from) { to = from; }
+template <class T, std::size_t N>
+void copy_element(T (&to)[N], const T (&from)[N])
+{
+    for (std::size_t i = 0; i < N; ++i)
+        copy_element(to[i], from[i]);
+}
+
+template <class T>
+void move_element(T& to, T& from) { to = std::move(from); }
+template <class T, std::size_t N>
+void move_element(T (&to)[N], T (&from)[N])
+{
+    for (std::size_t i = 0; i < N; ++i)
+        move_element(to[i], from[i]);
+}
+
+// Gives an element the value of a new default-constructed one.
+template <class T>
+void reset_element(T& element) { element = T(); }
+template <class T, std::size_t N>
+void reset_element(T (&element)[N])
+{
+    for (std::size_t i = 0; i < N; ++i)
+        reset_element(element[i]);
+}
+
+} // namespace seq_element
 
 // Bound 0 stands for an unbounded sequence.
 template <class T, CORBA::ULong Bound>
@@ -33,7 +69,8 @@ public:
     {
         check_bound(length);
         reserve(std::max(m_max, length));
-        std::copy(data, data + length, m_buf.get());
+        for (CORBA::ULong i = 0; i < length; ++i)
+            seq_element::copy_element(m_buf[i], data[i]);
         m_len = length;
         if (release)
             freebuf(data);
@@ -41,7 +78,8 @@ public:
     Sequence(const Sequence& other) : m_max(other.m_max)
     {
         reserve(std::max(other.m_max, other.m_len));
-        std::copy(other.m_buf.get(), other.m_buf.get() + other.m_len, m_buf.get());
+        for (CORBA::ULong i = 0; i < other.m_len; ++i)
+            seq_element::copy_element(m_buf[i], other.m_buf[i]);
         m_len = other.m_len;
     }
     Sequence(Sequence&& other) noexcept
@@ -74,7 +112,7 @@ public:
 
     CORBA::ULong maximum() const { return m_max; }
     CORBA::ULong length() const { return m_len; }
-    // Grows (new elements default-constructed) or shrinks the sequence;
+    // Grows (new elements value-initialized) or shrinks the sequence;
     // a bounded sequence cannot grow past its bound (BAD_PARAM).
     void length(CORBA::ULong n)
     {
@@ -82,7 +120,7 @@ public:
         if (n > m_cap)
             reserve(std::max(n, 2 * m_cap));
         for (CORBA::ULong i = n; i < m_len; ++i)
-            m_buf[i] = T();
+            seq_element::reset_element(m_buf[i]);
         m_len = n;
         if (Bound == 0 && n > m_max)
             m_max = n;
@@ -104,14 +142,15 @@ private:
         if (Bound != 0 && n > Bound)
             throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
     }
-    // Makes room for `cap` elements, keeping the present ones.
+    // Makes room for `cap` elements, keeping the present ones; the new ones
+    // are value-initialized, so that a grown sequence of numbers reads zeros.
     void reserve(CORBA::ULong cap)
     {
         if (cap <= m_cap && m_buf)
             return;
-        std::unique_ptr<T[]> fresh(new T[cap == 0 ? 1 : cap]);
+        std::unique_ptr<T[]> fresh(new T[cap == 0 ? 1 : cap]());
         for (CORBA::ULong i = 0; i < m_len; ++i)
-            fresh[i] = std::move(m_buf[i]);
+            seq_element::move_element(fresh[i], m_buf[i]);
         m_buf = std::move(fresh);
         m_cap = cap;
     }
