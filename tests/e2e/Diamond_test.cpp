@@ -47,9 +47,12 @@ public:
     CORBA::Long top_calls() { return calls; }
 
     // The result is l with "+" appended and its marks reversed; n grows by
-    // the sum of the marks; s is "left:" and l's text.
+    // the sum of the marks; s is "left:" and l's text. A text "refuse"
+    // raises Refused, which left_op does not declare.
     Shapes::Label* left_op(const Shapes::Label& l, CORBA::Long& n, CORBA::String_out s)
     {
+        if (std::string(l.text.in()) == "refuse")
+            throw Shapes::Refused("undeclared", 1);
         Shapes::Label* r = new Shapes::Label;
         r->text = (std::string(l.text.in()) + "+").c_str();
         r->marks.length(l.marks.length());
@@ -300,6 +303,28 @@ TEST_P(DiamondTest, InheritedOperationRaisesUserAndSystemExceptions)
     }
     // The servant still serves after the exceptions.
     EXPECT_EQ(bottom->top_calls(), 4);
+}
+
+// A user exception outside the operation's raises clause: with raises
+// enforcement the skeleton turns it into UNKNOWN, else it reaches the caller
+// as thrown.
+TEST_P(DiamondTest, UndeclaredUserExceptionFromAnInheritedOperation)
+{
+    const Shapes::Label refuse = make_label("refuse", {});
+    CORBA::Long n = 3;
+    CORBA::String_var s;
+#ifdef YV_E2E_ENFORCE_RAISES
+    try {
+        Shapes::Label_var r = bottom->left_op(refuse, n, s.out());
+        FAIL() << "no exception";
+    } catch (const CORBA::UNKNOWN& e) {
+        EXPECT_EQ(e.completed(), CORBA::COMPLETED_MAYBE);
+    }
+#else
+    EXPECT_THROW(Shapes::Label_var r = bottom->left_op(refuse, n, s.out()), Shapes::Refused);
+#endif
+    EXPECT_EQ(n, 3);
+    // Declared and system exceptions pass unchanged either way (above).
 }
 
 TEST_P(DiamondTest, IsAAnswersAlongTheWholeChain)

@@ -5,6 +5,8 @@
 #   auto  -poa:-xTIE        tables sized to their names
 #   p0    -poa:-xTIE:-p0    one slot per table: every lookup walks one chain
 #   p6    -poa:-xTIE:-p6    64 slots per table: mostly empty slots
+#   raises -poa:-xTIE:-xEnforceRaises:-p2   4 slots, raises clauses enforced
+#         (the test program is told so by YV_E2E_ENFORCE_RAISES)
 # Exits 77 (skipped) when the compiler or its back ends are not built.
 #
 # run_diamond.sh <yvidl> <c++ compiler> <runtime include dir> <runtime library>
@@ -19,8 +21,9 @@ done
 work=$(mktemp -d "${TMPDIR:-/tmp}/yv-e2e.XXXXXX")
 trap 'rm -rf "$work"' EXIT
 
+# compile <source> [defines]
 compile() {
-    "$cxx" -std=c++17 -Wall -Wextra -Werror $flags -I. -I"$include" -c "$1" -o "$1.o"
+    "$cxx" -std=c++17 -Wall -Wextra -Werror $flags ${2:-} -I. -I"$include" -c "$1" -o "$1.o"
 }
 
 # The test program and the client code are the same for every layout.
@@ -29,8 +32,9 @@ cp "$here/Diamond.idl" "$here/Diamond_test.cpp" .
 "$yvidl" -base Diamond.idl
 compile Diamond.cxx
 
-for variant in auto:-xTIE p0:-xTIE:-p0 p6:-xTIE:-p6; do
-    name=${variant%%:*} options=${variant#*:}
+for variant in auto:-xTIE p0:-xTIE:-p0 p6:-xTIE:-p6 raises:-xTIE:-xEnforceRaises:-p2; do
+    name=${variant%%:*} options=${variant#*:} defines=
+    [ "$name" = raises ] && defines=-DYV_E2E_ENFORCE_RAISES
     mkdir "$name"
     (
         cd "$name"
@@ -38,7 +42,7 @@ for variant in auto:-xTIE p0:-xTIE:-p0 p6:-xTIE:-p6; do
         "$yvidl" -poa:"$options" Diamond.idl
         cp ../Diamond_test.cpp .
         compile DiamondS.cxx
-        compile Diamond_test.cpp
+        compile Diamond_test.cpp "$defines"
         "$cxx" Diamond_test.cpp.o DiamondS.cxx.o ../Diamond.cxx.o "$runtime" "$gtest_main" "$gtest" $flags \
             -pthread -Wl,-rpath,"$(dirname "$runtime")" -o diamond_test
     )
@@ -56,7 +60,7 @@ if [ "$(highest_slot p0/DiamondS.cxx)" -ne 0 ] || [ "$(highest_slot auto/Diamond
     exit 1
 fi
 
-for name in auto p0 p6; do
-    echo "== tables: $name"
+for name in auto p0 p6 raises; do
+    echo "== $name"
     "./$name/diamond_test" --gtest_brief=1
 done
