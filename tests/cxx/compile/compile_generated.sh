@@ -12,11 +12,13 @@
 # the include lines of generated headers find the headers of included files;
 # then every generated .cxx file is compiled with
 #   g++ -std=c++17 -Wall -Wextra -Werror -fsyntax-only
-# two at a time. A file whose non-local interfaces use native types in
-# dispatched signatures must fail with the skeleton generator's error for
-# natives instead, and is listed below. Test inputs that the front end
-# rejects (inputs of error tests) are left out. Exits 77 (skipped) when the
-# corpus is not installed.
+# two at a time, and every one must compile. A file whose non-local
+# interfaces use native types in dispatched signatures must fail with the
+# skeleton generator's error for natives instead, and is listed below. The
+# files included by a file that switches TIE on in its POACxx block are
+# generated with TIE as well (see switches_tie_on). Test inputs that the
+# front end rejects (inputs of error tests) are left out. Exits 77
+# (skipped) when the corpus is not installed.
 set -u
 
 config=$1
@@ -50,30 +52,21 @@ natives_expected=(
     "cxx/natives.idl"
 )
 
-# Generated files that do not compile for a reason outside the C++ back
-# end, each reported to its owner: <config or *> <file> <reason>. Such a
-# file is compiled all the same; a failure is reported as known, and a
-# success asks for the entry to be removed.
-known_failures=(
-    "* corpus/poa_include.cxx the runtime defines PortableServer::Servant (ServantBase*), the IDL file too (short)"
-    "* corpus/poa_includeS.cxx the runtime defines PortableServer::Servant (ServantBase*), the IDL file too (short)"
-    "* corpus/poa.cxx the runtime defines PortableServer::Servant (ServantBase*), the IDL file too (short)"
-    "* corpus/poaS.cxx the runtime defines PortableServer::Servant (ServantBase*), the IDL file too (short)"
-    "ami corpus/messagingS.cxx the skeleton defines POA_Messaging::ReplyHandler, which <omg/MessagingS.hh> defines too"
-    "plain frontend/tree/includesS.cxx @switch -xTIE in the main file: the TIE class derives from the TIE class of a base whose file was generated without -xTIE"
-    "ami frontend/tree/includesS.cxx @switch -xTIE in the main file: the TIE class derives from the TIE class of a base whose file was generated without -xTIE"
-    "raises frontend/tree/includesS.cxx @switch -xTIE in the main file: the TIE class derives from the TIE class of a base whose file was generated without -xTIE"
-    "rtti frontend/tree/includesS.cxx @switch -xTIE in the main file: the TIE class derives from the TIE class of a base whose file was generated without -xTIE"
-)
-known_list="$5/known-failures.$config"
-mkdir -p "$5"
-: > "$known_list"
-for k in "${known_failures[@]}"; do
-    read -r kconfig kfile kreason <<< "$k"
-    if [ "$kconfig" = "*" ] || [ "$kconfig" = "$config" ]; then
-        printf '%s %s\n' "$kfile" "$kreason" >> "$known_list"
-    fi
-done
+# With TIE on, a TIE class derives from the TIE classes of its interface's
+# bases, so the files that declare those bases must be generated with TIE
+# too. An IDL file whose POACxx block switches TIE on for itself
+# (`@switch -xTIE`, as the front end's test input tree/includes.idl does)
+# is built the way its user has to build it: every file it includes is
+# generated with -xTIE as well. That only adds classes to the included
+# files' skeletons, which the other files of the group compile against
+# just as well; and it keeps such a file in the test, so that a TIE class
+# is compiled against the TIE class of a base from another file.
+switches_tie_on() {
+    awk '/^%\{POACxx/ { block = 1; next }
+         /^%\}/ { block = 0; next }
+         block && /^@switch/ && / -xTIE/ { found = 1 }
+         END { exit !found }' "$1"
+}
 
 # The corpus files that the front end rejects, as its corpus test lists them.
 rejected=$(grep -o '{"[^"]*\.idl"' "$source_dir/tests/frontend/Corpus_test.cpp" | sed 's/^{"//; s/"$//')
@@ -98,6 +91,16 @@ generate() {
     local d
     for d in "$@"; do incs+=("-I$d"); done
     local f rel out err status
+    # The files that must be generated with -xTIE (see switches_tie_on).
+    local tie_files=""
+    if [ "$config" != tie ]; then
+        while IFS= read -r f; do
+            if switches_tie_on "$f"; then
+                tie_files+=$("$yvidl" "${incs[@]}" -E "$f" 2>/dev/null |
+                    sed -n 's/^# [0-9]* "\(.*\)" 1$/\1/p' | grep -vx "$f")$'\n'
+            fi
+        done < <(find "$root" -name '*.idl' | LC_ALL=C sort)
+    fi
     while IFS= read -r f; do
         rel=${f#"$root"/}
         if [ "$group" = corpus ] && grep -qx "$rel" <<< "$rejected"; then
@@ -105,7 +108,19 @@ generate() {
         fi
         out="$work/$group/$(dirname "$rel")"
         mkdir -p "$out"
-        err=$(cd "$out" && "$yvidl" "${incs[@]}" "${options[@]}" "$f" 2>&1)
+        local file_options=("${options[@]}")
+        if grep -qxF "$f" <<< "$tie_files"; then
+            file_options=()
+            local o
+            for o in "${options[@]}"; do
+                case $o in
+                -poa) file_options+=("-poa:-xTIE") ;;
+                -poa:*) file_options+=("$o:-xTIE") ;;
+                *) file_options+=("$o") ;;
+                esac
+            done
+        fi
+        err=$(cd "$out" && "$yvidl" "${incs[@]}" "${file_options[@]}" "$f" 2>&1)
         status=$?
         local native=0 n
         for n in "${natives_expected[@]}"; do
@@ -127,7 +142,7 @@ generate() {
                 echo "skipped: $group/$rel (rejected by the front end)"
                 continue
             fi
-            echo "FAIL: $group/$rel: yvidl ${options[*]} exited $status"
+            echo "FAIL: $group/$rel: yvidl ${file_options[*]} exited $status"
             printf '%s\n' "$err" | head -5
             failures=$((failures + 1))
             continue
@@ -169,30 +184,22 @@ pch_text="${pch_flags[*]}"
 # compile_one <file>: compiles one generated file with the include
 # directories of its group; prints FAIL and the first errors on failure.
 compile_one() {
-    local f=$1 group rest known
+    local f=$1 group rest
     rest=${f#"$work"/}
     rest=${rest//\/.\//\/}
     group=${rest%%/*}
     local incs
     mapfile -t incs < "$work/$group.includes"
-    known=$(grep "^$rest " "$known_list" | cut -d' ' -f2-)
     local pch=()
     [ -n "$pch_text" ] && read -r -a pch <<< "$pch_text"
     if ! out=$(g++ -std=c++17 -Wall -Wextra -Werror -fsyntax-only "${pch[@]}" "${incs[@]}" -I"$runtime_include" "$f" 2>&1); then
-        if [ -n "$known" ]; then
-            echo "known failure: $rest: $known"
-            return 0
-        fi
         echo "FAIL: $rest does not compile"
         printf '%s\n' "$out" | grep -E 'error|warning' | head -5
         return 1
     fi
-    if [ -n "$known" ]; then
-        echo "now compiles: $rest (remove it from the known failures)"
-    fi
 }
 export -f compile_one
-export work runtime_include known_list pch_text
+export work runtime_include pch_text
 
 total=$(wc -l < "$compiled_list")
 compile_failures=$(xargs -P2 -I{} bash -c 'compile_one "$1" || echo COMPILE_FAILED' _ {} < "$compiled_list" | tee "$work/compile.log" | grep -c COMPILE_FAILED)
