@@ -1,7 +1,7 @@
 // The C++ mapping support that generated code relies on: ownership of
 // strings, sequences, _var and _out types, anys, streamables' bindings,
 // type codes, fixed-point values and the exception holder.
-#include "Bank.hh"
+#include "MappingTypes.hh"
 
 #include <omg/Messaging.hh>
 

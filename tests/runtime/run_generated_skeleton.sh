@@ -15,7 +15,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 [ -f "$(dirname "$yvidl")/../lib/libyv_cxx_ibe.so" ] || exit 77
 work=$(mktemp -d "${TMPDIR:-/tmp}/yv-generated-skeleton.XXXXXX")
 trap 'rm -rf "$work"' EXIT
-cp "$here/data/Bank.idl" "$here/Dispatch_test.cpp" "$work/"
+cp "$here/data/Bank.idl" "$here/generated/Dispatch_test.cpp" "$work/"
 cd "$work"
 "$yvidl" -base -poa:-xTIE:-xEnforceRaises Bank.idl
 for f in BankS.cxx Dispatch_test.cpp Bank.cxx; do

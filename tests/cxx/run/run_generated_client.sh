@@ -41,7 +41,7 @@ build client_mapping ClientMapping_test.cpp Mapping.cxx MappingS.cxx
 ./client_mapping --gtest_brief=1
 
 mkdir bank
-cp "$source/tests/runtime/data/Bank.idl" "$source/tests/runtime/Dispatch_test.cpp" bank/
+cp "$source/tests/runtime/data/Bank.idl" "$source/tests/runtime/generated/Dispatch_test.cpp" bank/
 (cd bank && "$yvidl" -base -poa:-xTIE:-xEnforceRaises Bank.idl)
 cd bank
 work="$work/bank"
