@@ -1,5 +1,7 @@
 #include "CPPResolver.h"
 
+#include "CxxTypeMapping.h"
+
 #include <iterator>
 #include <unordered_set>
 
@@ -38,23 +40,8 @@ bool CPPResolver::is_reserved(const std::string& name) const { return is_cxx_key
 const char* CPPResolver::get_predef_type(AST_PredefinedType::PredefinedType pt)
 {
     switch (pt) {
-    case AST_PredefinedType::PT_long: return "CORBA::Long";
-    case AST_PredefinedType::PT_ulong: return "CORBA::ULong";
-    case AST_PredefinedType::PT_longlong: return "CORBA::LongLong";
-    case AST_PredefinedType::PT_ulonglong: return "CORBA::ULongLong";
-    case AST_PredefinedType::PT_short: return "CORBA::Short";
-    case AST_PredefinedType::PT_ushort: return "CORBA::UShort";
-    case AST_PredefinedType::PT_float: return "CORBA::Float";
-    case AST_PredefinedType::PT_double: return "CORBA::Double";
-    case AST_PredefinedType::PT_longdouble: return "CORBA::LongDouble";
-    case AST_PredefinedType::PT_char: return "CORBA::Char";
-    case AST_PredefinedType::PT_wchar: return "CORBA::WChar";
-    case AST_PredefinedType::PT_boolean: return "CORBA::Boolean";
-    case AST_PredefinedType::PT_octet: return "CORBA::Octet";
-    case AST_PredefinedType::PT_any: return "CORBA::Any";
-    case AST_PredefinedType::PT_void: return "void";
     case AST_PredefinedType::PT_typecode: return "CORBA::TypeCode_ptr";
     case AST_PredefinedType::PT_principal: return "CORBA::Principal_ptr";
+    default: return CxxTypeMapping::predefined_base(pt);
     }
-    return "";
 }

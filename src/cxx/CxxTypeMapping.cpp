@@ -20,32 +20,6 @@
 
 namespace {
 
-// The C++ type of a predefined type, without the "_ptr" of the pseudo
-// objects (which the forms add).
-const char* predefined_base(AST_PredefinedType::PredefinedType pt)
-{
-    switch (pt) {
-    case AST_PredefinedType::PT_long: return "CORBA::Long";
-    case AST_PredefinedType::PT_ulong: return "CORBA::ULong";
-    case AST_PredefinedType::PT_longlong: return "CORBA::LongLong";
-    case AST_PredefinedType::PT_ulonglong: return "CORBA::ULongLong";
-    case AST_PredefinedType::PT_short: return "CORBA::Short";
-    case AST_PredefinedType::PT_ushort: return "CORBA::UShort";
-    case AST_PredefinedType::PT_float: return "CORBA::Float";
-    case AST_PredefinedType::PT_double: return "CORBA::Double";
-    case AST_PredefinedType::PT_longdouble: return "CORBA::LongDouble";
-    case AST_PredefinedType::PT_char: return "CORBA::Char";
-    case AST_PredefinedType::PT_wchar: return "CORBA::WChar";
-    case AST_PredefinedType::PT_boolean: return "CORBA::Boolean";
-    case AST_PredefinedType::PT_octet: return "CORBA::Octet";
-    case AST_PredefinedType::PT_any: return "CORBA::Any";
-    case AST_PredefinedType::PT_void: return "void";
-    case AST_PredefinedType::PT_typecode: return "CORBA::TypeCode";
-    case AST_PredefinedType::PT_principal: return "CORBA::Principal";
-    }
-    return "";
-}
-
 // The runtime's type code constant of a predefined type.
 const char* predefined_typecode(AST_PredefinedType::PredefinedType pt)
 {
@@ -135,6 +109,30 @@ CxxTypeMapping::Mode CxxTypeMapping::mode_of(AST_Argument::Direction d)
     case AST_Argument::dir_INOUT: return M_inout;
     default: return M_in;
     }
+}
+
+const char* CxxTypeMapping::predefined_base(AST_PredefinedType::PredefinedType pt)
+{
+    switch (pt) {
+    case AST_PredefinedType::PT_long: return "CORBA::Long";
+    case AST_PredefinedType::PT_ulong: return "CORBA::ULong";
+    case AST_PredefinedType::PT_longlong: return "CORBA::LongLong";
+    case AST_PredefinedType::PT_ulonglong: return "CORBA::ULongLong";
+    case AST_PredefinedType::PT_short: return "CORBA::Short";
+    case AST_PredefinedType::PT_ushort: return "CORBA::UShort";
+    case AST_PredefinedType::PT_float: return "CORBA::Float";
+    case AST_PredefinedType::PT_double: return "CORBA::Double";
+    case AST_PredefinedType::PT_longdouble: return "CORBA::LongDouble";
+    case AST_PredefinedType::PT_char: return "CORBA::Char";
+    case AST_PredefinedType::PT_wchar: return "CORBA::WChar";
+    case AST_PredefinedType::PT_boolean: return "CORBA::Boolean";
+    case AST_PredefinedType::PT_octet: return "CORBA::Octet";
+    case AST_PredefinedType::PT_any: return "CORBA::Any";
+    case AST_PredefinedType::PT_void: return "void";
+    case AST_PredefinedType::PT_typecode: return "CORBA::TypeCode";
+    case AST_PredefinedType::PT_principal: return "CORBA::Principal";
+    }
+    return "";
 }
 
 unsigned long CxxTypeMapping::string_bound(AST_Type* t)

@@ -11,6 +11,7 @@
 #define CXXTYPEMAPPING_H
 
 #include "AST_Argument.h"
+#include "AST_PredefinedType.h"
 
 #include <string>
 
@@ -59,6 +60,9 @@ public:
     static Mode mode_of(AST_Argument::Direction d);
     // A string type's bound, 0 when it is unbounded or not a string.
     static unsigned long string_bound(AST_Type* t);
+    // The C++ type of a predefined type, without the "_ptr" of the pseudo
+    // objects TypeCode and Principal ("CORBA::Long", "CORBA::TypeCode").
+    static const char* predefined_base(AST_PredefinedType::PredefinedType pt);
 
     // The C++ name of the declared type as seen from the mapping's scope:
     // "CORBA::Long", "M::S", "CORBA::Object", "CORBA::Any", ...
