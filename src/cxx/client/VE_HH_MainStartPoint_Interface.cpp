@@ -9,10 +9,10 @@
 #include "AST_Root.h"
 #include "AST_Value.h"
 #include "CxxClientText.h"
+#include "CxxPureVirtualMembers.h"
 #include "CxxRuntimeNames.h"
 #include "GEN_CPlusPlus.h"
 #include "OverrideHHVisit.h"
-#include "PureVirtualHHVisit.h"
 #include "UTL_IdList.h"
 #include "VE_Client_Interface.h"
 #include "VE_HH_AttrDecl.h"
@@ -298,23 +298,11 @@ void VE_HH_MainStartPoint_Interface::output_members(AST_Interface* i)
     // Declarations name their types fully scoped.
     UTL_Scope* saved = visitor()->scope();
     visitor()->set_scope(nullptr);
-    VE_HH_OpDecl op_decl(visitor(), PureVirtualHHVisit::instance(), nullptr, nullptr, 1, 1, "%s");
-    VE_HH_AttrDecl attr_decl(visitor(), PureVirtualHHVisit::instance(), nullptr, nullptr, 1, 1, "_yvvar_%s");
+    CxxPureVirtualMembers members(visitor());
     for (const auto& member : i->decls()) {
         AST_Decl* d = member.get();
-        if (AST_Operation* op = AST_Operation::narrow_from_decl(d)) {
-            op_decl.visit(op);
-            os() << "\n\n";
-        } else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(d)) {
-            attr_decl.output_get(a);
-            os() << "\n\n";
-            if (!a->readonly()) {
-                attr_decl.output_set(a); // ends its own line
-                os() << "\n";
-            }
-        } else if (d->in_main_file()) {
+        if (!members.write(d) && d->in_main_file())
             VIS_HH_MainStartPoint::write_one(os(), indent().get_indent(), d, generator());
-        }
     }
     visitor()->set_scope(saved);
     indent().decrement();

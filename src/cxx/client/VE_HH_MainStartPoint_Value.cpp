@@ -8,9 +8,10 @@
 #include "AST_StateMember.h"
 #include "AST_Value.h"
 #include "CxxClientText.h"
+#include "CxxPureVirtualMembers.h"
 #include "CxxRuntimeNames.h"
-#include "CxxMemberDeclaration.h"
 #include "PureVirtualHHVisit.h"
+#include "CxxMemberDeclaration.h"
 #include "VE_Client_Interface.h"
 #include "VE_HH_AttrDecl.h"
 #include "VE_HH_OpDecl.h"
@@ -89,21 +90,12 @@ void VE_HH_MainStartPoint_Value::output_members(AST_Value* v)
     indent().increment();
     UTL_Scope* saved = visitor()->scope();
     visitor()->set_scope(nullptr);
-    VE_HH_OpDecl op_decl(visitor(), PureVirtualHHVisit::instance(), nullptr, nullptr, 1, 1, "%s");
-    VE_HH_AttrDecl attr_decl(visitor(), PureVirtualHHVisit::instance(), nullptr, nullptr, 1, 1, "_yvvar_%s");
+    CxxPureVirtualMembers members(visitor());
     for (const auto& member : v->decls()) {
         AST_Decl* d = member.get();
-        if (AST_Operation* op = AST_Operation::narrow_from_decl(d)) {
-            op_decl.visit(op);
-            os() << "\n\n";
-        } else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(d)) {
-            attr_decl.output_get(a);
-            os() << "\n\n";
-            if (!a->readonly()) {
-                attr_decl.output_set(a); // ends its own line
-                os() << "\n";
-            }
-        } else if (AST_StateMember* m = AST_StateMember::narrow_from_decl(d)) {
+        if (members.write(d))
+            continue;
+        if (AST_StateMember* m = AST_StateMember::narrow_from_decl(d)) {
             if (m->is_public())
                 output_state_member(m);
         } else if (d->node_type() != AST_Decl::NT_factory && d->in_main_file()) {
