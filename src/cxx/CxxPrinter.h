@@ -1,0 +1,119 @@
+// The text writer of the C++ emitters. An emitter hands it whole
+// statements with named values, and the writer puts the current
+// indentation before every line that has text:
+//
+//   CxxPrinter p(os(), indent());
+//   p.print("void\n$cls$::$op$_yvgen_dispatch(\n", {{"cls", cls}, {"op", op}});
+//   {
+//       auto body = p.block("{\n", "}\n");      // "{", one level deeper, "}"
+//       p.print("return $result$;\n", {{"result", result}});
+//   }
+//
+// "$name$" stands for the value of `name`; "$$" writes one "$". A line
+// holding only "\n" stays empty (no trailing blanks). Text need not end a
+// line: the next print goes on where the last one stopped, and only the
+// first piece of a line is indented.
+//
+// The writer shares the visitor's indentation object, so levels raised by
+// emitters that still stream text themselves and by the writer agree.
+#ifndef CXXPRINTER_H
+#define CXXPRINTER_H
+
+#include <initializer_list>
+#include <iosfwd>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <utility>
+
+class UTL_Indent;
+
+class CxxPrinter {
+public:
+    using Var = std::pair<std::string_view, std::string_view>;
+    using Vars = std::initializer_list<Var>;
+
+    // `at_line_start` says whether the stream stands at the start of a line
+    // (false when the caller has already written part of the line).
+    CxxPrinter(std::ostream& os, UTL_Indent& indent, bool at_line_start = true);
+
+    // Writes `text` with its "$name$" values replaced; every line that has
+    // text starts at the current level. An unknown name is a programming
+    // error (std::logic_error).
+    void print(std::string_view text, Vars vars = {});
+
+    // Writes `text` as it is: no indentation, no values. For the pieces the
+    // generated text fixes as unindented.
+    void raw(std::string_view text);
+    // Writes the indentation of the current level alone (a line that the
+    // fixed text gives as only its indentation, ended by the next print).
+    void indentation();
+
+    void indent();
+    void outdent();
+
+    // A block: writes `open`, raises the level; when the block goes out of
+    // scope, lowers the level and writes `close`.
+    class Block {
+    public:
+        Block(CxxPrinter& p, std::string_view close) : m_printer(&p), m_close(close) {}
+        Block(Block&& other) noexcept : m_printer(other.m_printer), m_close(other.m_close) { other.m_printer = nullptr; }
+        Block(const Block&) = delete;
+        Block& operator=(const Block&) = delete;
+        Block& operator=(Block&&) = delete;
+        ~Block();
+
+    private:
+        CxxPrinter* m_printer;
+        std::string_view m_close;
+    };
+    [[nodiscard]] Block block(std::string_view open = "{\n", std::string_view close = "}\n", Vars vars = {});
+
+    // Writes `each(item)` for every item, `sep` between two (inline; each
+    // call of `each` prints through this writer).
+    template <class Range, class Each>
+    void list(const Range& items, std::string_view sep, Each each)
+    {
+        bool first = true;
+        for (const auto& item : items) {
+            if (!first)
+                print(sep);
+            first = false;
+            each(item);
+        }
+    }
+
+    // Writes a member declaration in the generated classes' shape: the
+    // result type on its own line, "name(" on the next, one parameter per
+    // line one level deeper, then ")" and `tail` (e.g. ";\n" or
+    // " override;\n"). Without parameters: "name()" and `tail`.
+    void member(std::string_view result, std::string_view name, std::initializer_list<std::string> params,
+                std::string_view tail);
+    template <class Range>
+    void member_of(std::string_view result, std::string_view name, const Range& params, std::string_view tail)
+    {
+        const bool none = std::begin(params) == std::end(params);
+        member_head(result, name, none);
+        bool first = true;
+        for (const auto& param : params) {
+            member_param(param, first);
+            first = false;
+        }
+        member_tail(none, tail);
+    }
+
+    std::ostream& stream() const { return m_os; }
+    UTL_Indent& level() const { return m_indent; }
+
+private:
+    void write_line_piece(std::string_view piece);
+    void member_head(std::string_view result, std::string_view name, bool no_params);
+    void member_param(std::string_view param, bool first);
+    void member_tail(bool no_params, std::string_view tail);
+
+    std::ostream& m_os;
+    UTL_Indent& m_indent;
+    bool m_line_start;
+};
+
+#endif
