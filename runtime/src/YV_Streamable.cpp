@@ -10,6 +10,16 @@ CORBA::TypeCode_ptr YV_Streamable::yv_type() const
     return CORBA::_tc_null;
 }
 
+void YV_Streamable::yv_write(YV_CDR::OutputStream&) const
+{
+    throw CORBA::MARSHAL(0, CORBA::COMPLETED_NO);
+}
+
+void YV_Streamable::yv_read(YV_CDR::InputStream&)
+{
+    throw CORBA::MARSHAL(0, CORBA::COMPLETED_NO);
+}
+
 void YV_Streamable::yv_type_mismatch()
 {
     throw CORBA::MARSHAL(0, CORBA::COMPLETED_NO);

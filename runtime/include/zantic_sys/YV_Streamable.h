@@ -9,6 +9,11 @@
 
 #include <memory>
 
+namespace YV_CDR {
+class InputStream;
+class OutputStream;
+} // namespace YV_CDR
+
 class YV_Streamable {
 public:
     virtual ~YV_Streamable();
@@ -20,6 +25,12 @@ public:
     virtual std::unique_ptr<YV_Streamable> yv_clone() const = 0;
     // The value's type code where the class knows it, else tk_null.
     virtual CORBA::TypeCode_ptr yv_type() const;
+
+    // Writes the value in CDR; reads a value into the streamable's storage
+    // (allocating where the storage is a pointer slot). The base raises
+    // MARSHAL: a class that cannot travel.
+    virtual void yv_write(YV_CDR::OutputStream& out) const;
+    virtual void yv_read(YV_CDR::InputStream& in);
 
     YV_Streamable(const YV_Streamable&) = delete;
     YV_Streamable& operator=(const YV_Streamable&) = delete;

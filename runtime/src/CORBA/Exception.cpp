@@ -1,5 +1,6 @@
 #include "zantic_sys/CORBA/Exception.h"
 #include "zantic_sys/CORBA/SystemException.h"
+#include "zantic_sys/YV_CDR/OutputStream.h"
 
 namespace CORBA {
 
@@ -8,6 +9,11 @@ Exception::~Exception() = default;
 const char* Exception::what() const noexcept
 {
     return _rep_id();
+}
+
+void Exception::_yv_write(YV_CDR::OutputStream&) const
+{
+    throw MARSHAL(0, COMPLETED_MAYBE);
 }
 
 UserException::~UserException() = default;
@@ -22,6 +28,13 @@ SystemException::~SystemException() = default;
 SystemException* SystemException::_downcast(Exception* e)
 {
     return dynamic_cast<SystemException*>(e);
+}
+
+void SystemException::_yv_write(YV_CDR::OutputStream& out) const
+{
+    out.write_string(_rep_id());
+    out.write_ulong(m_minor);
+    out.write_ulong(static_cast<ULong>(m_completed));
 }
 
 } // namespace CORBA

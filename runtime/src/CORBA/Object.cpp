@@ -7,6 +7,7 @@
 #include "zantic_sys/YV_Cxx/BasicStringStreamable.h"
 #include "zantic_sys/YV_Cxx_NV/StackBasedNVList.h"
 #include "zantic_sys/YV_Cxx_NV/StackBasedNamedValue.h"
+#include "zantic_sys/YV_Cxx/Operation.h"
 #include "zantic_sys/YV_Runtime.h"
 
 #include <functional>
@@ -80,6 +81,21 @@ PortableServer::ServantBase* Object::_yv_servant() const
 void Object::_yv_invoke(const char* operation, NVList_ptr args, YV_Streamable* result)
 {
     YV_Runtime::invoke(_yv_servant(), operation, args, result);
+}
+
+void Object::_yv_invoke(const YV_Cxx::Operation& op, NVList_ptr args, YV_Streamable* result)
+{
+    YV_Runtime::invoke(_yv_servant(), op.name, args, result);
+}
+
+void Object::_yv_write(YV_CDR::OutputStream&, Object_ptr)
+{
+    throw NO_IMPLEMENT(0, COMPLETED_NO);
+}
+
+Object_ptr Object::_yv_read(YV_CDR::InputStream&)
+{
+    throw NO_IMPLEMENT(0, COMPLETED_NO);
 }
 
 Boolean Object::_is_a(const char* repository_id)

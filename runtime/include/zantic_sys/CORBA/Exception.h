@@ -7,6 +7,10 @@
 
 #include <exception>
 
+namespace YV_CDR {
+class OutputStream;
+} // namespace YV_CDR
+
 namespace CORBA {
 
 class Exception : public std::exception {
@@ -20,6 +24,11 @@ public:
     virtual void _raise() const = 0;
 
     const char* what() const noexcept override;
+
+    // Writes the exception as a reply carries it: the repository id, then
+    // the members (system exceptions: minor code and completion status).
+    // Exceptions that cannot travel raise MARSHAL.
+    virtual void _yv_write(YV_CDR::OutputStream& out) const;
 
 protected:
     Exception() = default;

@@ -16,6 +16,15 @@
 
 class YV_Streamable;
 
+namespace YV_CDR {
+class InputStream;
+class OutputStream;
+} // namespace YV_CDR
+
+namespace YV_Cxx {
+struct Operation;
+} // namespace YV_Cxx
+
 namespace PortableServer {
 class POA;
 class ServantBase;
@@ -28,6 +37,12 @@ public:
     static Object_ptr _duplicate(Object_ptr obj);
     static Object_ptr _nil() { return nullptr; }
     static Object_ptr _narrow(Object_ptr obj) { return _duplicate(obj); }
+    static Object_ptr _unchecked_narrow(Object_ptr obj) { return _duplicate(obj); }
+
+    // A reference in CDR: its IOR (a nil reference is the empty IOR).
+    static void _yv_write(YV_CDR::OutputStream& out, Object_ptr obj);
+    // A new reference read from CDR (nil for the empty IOR).
+    static Object_ptr _yv_read(YV_CDR::InputStream& in);
 
     // Asks the target (the standard operations "_is_a" and "_non_existent").
     virtual Boolean _is_a(const char* repository_id);
@@ -45,6 +60,9 @@ public:
     PortableServer::ServantBase* _yv_servant() const;
     // Serves one request on the target in process (YV_Runtime::invoke).
     void _yv_invoke(const char* operation, NVList_ptr args, YV_Streamable* result);
+    // The same with what the proxy knows of the operation: oneway or not,
+    // and the user exceptions it may raise.
+    void _yv_invoke(const YV_Cxx::Operation& op, NVList_ptr args, YV_Streamable* result);
 
     // A new reference, with one count, to the object `oid` of `poa`.
     static Object_ptr _yv_make_reference(PortableServer::POA* poa, const Octet* oid, ULong oid_length,

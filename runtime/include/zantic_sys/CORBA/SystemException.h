@@ -18,6 +18,8 @@ public:
 
     static SystemException* _downcast(Exception* e);
 
+    void _yv_write(YV_CDR::OutputStream& out) const override;
+
 protected:
     SystemException(ULong minor, CompletionStatus completed)
         : m_minor(minor), m_completed(completed) {}
