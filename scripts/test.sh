@@ -11,8 +11,10 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 JOBS=2
 
 # Debian packages the build and the tests need; the IDL files of
-# omniorb-idl are the input of the front end's corpus test.
-PACKAGES=(cmake g++ make libgtest-dev omniorb-idl)
+# omniorb-idl are the input of the front end's corpus test; omniORB (library,
+# IDL compiler, tools, naming service) is the peer of the interoperability
+# tests.
+PACKAGES=(cmake g++ make libgtest-dev omniorb-idl libomniorb4-dev omniidl omniorb omniorb-nameserver)
 
 install_missing_packages() {
     local missing=()
