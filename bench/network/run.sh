@@ -25,6 +25,7 @@ make_work_dir
 # measure <kind>: prints the two figures of that ORB with itself.
 measure() {
     local kind=$1
+    shift
     start_server "$kind" "$root/build/bin/interop_${kind}_server"
     # shellcheck disable=SC2046
     timeout 600 "$root/build/bin/net_bench_$kind" $(orb_args "$kind") --ior-file "$work/server.ior" "$@" \
