@@ -1,18 +1,31 @@
 #include "zantic_sys/CORBA/Any.h"
 
+#include "../YV_TC/EncodedValue.h"
+#include "../YV_TC/TypeCodeGraph.h"
+#include "omg/CORBA.hh"
+#include "zantic_sys/CORBA/Fixed.h"
+#include "zantic_sys/CORBA/Object.h"
 #include "zantic_sys/CORBA/SystemException.h"
 #include "zantic_sys/CORBA/TypeCode.h"
+#include "zantic_sys/CORBA/string_functions.h"
 #include "zantic_sys/YV_Cxx/AnyStreamable.h"
 #include "zantic_sys/YV_Cxx/BasicStreamable.h"
 #include "zantic_sys/YV_Cxx/BasicStringStreamable.h"
+#include "zantic_sys/YV_Cxx/RefStreamable.h"
 
+#include <cstring>
+#include <cwchar>
 #include <utility>
 
 namespace CORBA {
 
 namespace {
 
-// Makes `a` own a streamable of class S holding `value`.
+typedef YV_Cxx::ObjRefStreamable<TypeCode> TypeCodeStreamable;
+typedef YV_Cxx::ObjRefStreamable<Object> ObjectStreamable;
+typedef YV_Cxx::BasicStreamable<Fixed> FixedStreamable;
+
+// Makes `a` own a streamable of class S holding a copy of `value`.
 template <class S, class V>
 void insert(Any& a, const V& value, TypeCode_ptr tc)
 {
@@ -21,17 +34,19 @@ void insert(Any& a, const V& value, TypeCode_ptr tc)
     a.yv_adopt(std::move(s), tc);
 }
 
-// The value held by `a` when its streamable is of class S.
-template <class S>
-const S* held(const Any& a)
+// Makes `a` own a streamable of class S that takes `value` over.
+template <class S, class V>
+void adopt(Any& a, V value, TypeCode_ptr tc)
 {
-    return S::_downcast(const_cast<YV_Streamable*>(a.yv_get_streamable()));
+    std::unique_ptr<S> s(new S());
+    s->extract() = value;
+    a.yv_adopt(std::move(s), tc);
 }
 
 template <class T>
-Boolean extract_basic(const Any& a, T& v)
+Boolean extract_basic(const Any& a, TypeCode_ptr tc, T& v)
 {
-    if (const YV_Cxx::BasicStreamable<T>* s = held<YV_Cxx::BasicStreamable<T>>(a)) {
+    if (const YV_Cxx::BasicStreamable<T>* s = a.yv_value_as<YV_Cxx::BasicStreamable<T>>(tc)) {
         v = s->extract();
         return true;
     }
@@ -47,7 +62,7 @@ std::unique_ptr<YV_Streamable> take_basic(void* value, Boolean release)
     std::unique_ptr<YV_Cxx::BasicStreamable<T>> s(new YV_Cxx::BasicStreamable<T>());
     s->extract() = *typed;
     if (release)
-        delete typed;
+        delete typed; // handed over by the caller
     return s;
 }
 
@@ -59,14 +74,14 @@ std::unique_ptr<YV_Streamable> take_string(void* value, Boolean release)
     S::yv_assign(s->extract(), *slot);
     if (release) {
         YV_Cxx::string_free(*slot);
-        delete slot;
+        delete slot; // handed over by the caller
     }
     return s;
 }
 
 std::unique_ptr<YV_Streamable> take_value(TypeCode_ptr tc, void* value, Boolean release)
 {
-    switch (tc->kind()) {
+    switch (tc->yv_unaliased()->kind()) {
     case tk_short: return take_basic<Short>(value, release);
     case tk_ushort: return take_basic<UShort>(value, release);
     case tk_long: return take_basic<Long>(value, release);
@@ -86,6 +101,55 @@ std::unique_ptr<YV_Streamable> take_value(TypeCode_ptr tc, void* value, Boolean 
     }
 }
 
+// A new reference to the type code of a string or wide string with `bound`
+// (0: unbounded, the static type code).
+TypeCode_ptr string_tc(TCKind kind, ULong bound)
+{
+    if (bound == 0)
+        return kind == tk_string ? _tc_string : _tc_wstring;
+    return TypeCode::_yv_create(kind, bound);
+}
+
+// True when `tc` is (an alias of) a string type of `kind` and `bound`.
+bool is_string_tc(TypeCode_ptr tc, TCKind kind, ULong bound)
+{
+    const TypeCode_ptr t = tc->yv_unaliased();
+    return t->kind() == kind && t->yv_length() == bound;
+}
+
+template <class S, class CharT>
+void insert_string(Any& a, TCKind kind, CharT* s, ULong bound, Boolean nocopy)
+{
+    if (bound != 0 && s != nullptr && std::char_traits<CharT>::length(s) > bound) {
+        if (nocopy)
+            YV_Cxx::string_free(s);
+        throw BAD_PARAM(0, COMPLETED_NO);
+    }
+    const TypeCode_ptr tc = string_tc(kind, bound);
+    try {
+        if (nocopy)
+            adopt<S>(a, s, tc);
+        else
+            insert<S>(a, s, tc);
+    } catch (...) {
+        release(tc);
+        throw;
+    }
+    release(tc);
+}
+
+template <class S, class CharT>
+Boolean extract_string(const Any& a, TCKind kind, ULong bound, const CharT*& v)
+{
+    if (!is_string_tc(a.yv_type(), kind, bound))
+        return false;
+    if (const S* s = a.yv_value_as<S>(a.yv_type())) {
+        v = s->extract();
+        return true;
+    }
+    return false;
+}
+
 } // namespace
 
 Any::Any() : m_type(_tc_null), m_streamable(nullptr) {}
@@ -93,6 +157,11 @@ Any::Any() : m_type(_tc_null), m_streamable(nullptr) {}
 Any::Any(const Any& other) : Any()
 {
     *this = other;
+}
+
+Any::Any(Any&& other) noexcept : Any()
+{
+    *this = std::move(other);
 }
 
 Any::Any(YV_Streamable* s, YV_CopyMode mode) : Any()
@@ -128,8 +197,22 @@ Any& Any::operator=(const Any& other)
         return *this;
     if (other.m_streamable != nullptr)
         yv_adopt(other.m_streamable->yv_clone(), other.m_type);
+    else if (other.m_encoded != nullptr)
+        yv_set_encoded(other.m_type, other.m_encoded);
     else
         type(other.m_type);
+    return *this;
+}
+
+Any& Any::operator=(Any&& other) noexcept
+{
+    if (this == &other)
+        return *this;
+    yv_clear();
+    std::swap(m_type, other.m_type);
+    std::swap(m_streamable, other.m_streamable);
+    std::swap(m_owned, other.m_owned);
+    std::swap(m_encoded, other.m_encoded);
     return *this;
 }
 
@@ -140,8 +223,23 @@ TypeCode_ptr Any::type() const
 
 void Any::type(TypeCode_ptr tc)
 {
+    if (tc == nullptr)
+        tc = _tc_null;
+    if (yv_has_value()) {
+        if (!m_type->equivalent(tc))
+            throw BAD_TYPECODE(0, COMPLETED_NO);
+        TypeCode_ptr old = m_type;
+        m_type = TypeCode::_duplicate(tc);
+        release(old);
+        return;
+    }
     yv_clear();
-    m_type = TypeCode::_duplicate(tc ? tc : _tc_null);
+    m_type = TypeCode::_duplicate(tc);
+}
+
+bool Any::yv_type_is(TypeCode_ptr tc) const
+{
+    return m_type == tc || (tc != nullptr && m_type->equivalent(tc));
 }
 
 void Any::yv_adopt(std::unique_ptr<YV_Streamable> s, TypeCode_ptr tc)
@@ -153,10 +251,51 @@ void Any::yv_adopt(std::unique_ptr<YV_Streamable> s, TypeCode_ptr tc)
     m_type = keep;
 }
 
+void Any::yv_set_encoded(TypeCode_ptr tc, std::shared_ptr<const YV_TC::EncodedValue> v)
+{
+    TypeCode_ptr keep = TypeCode::_duplicate(tc ? tc : _tc_null);
+    std::shared_ptr<const YV_TC::EncodedValue> value = std::move(v);
+    yv_clear();
+    m_encoded = std::move(value);
+    m_type = keep;
+}
+
+void Any::yv_keep(std::unique_ptr<YV_Streamable> s)
+{
+    m_owned = std::move(s);
+    m_streamable = m_owned.get();
+    m_encoded.reset();
+}
+
+void Any::yv_convert_into(YV_Streamable& s) const
+{
+    if (m_encoded != nullptr) {
+        YV_CDR::InputStream in = m_encoded->stream();
+        s.yv_read(in);
+        return;
+    }
+    YV_CDR::OutputStream out;
+    yv_write_value(out);
+    YV_CDR::InputStream in(out.data(), out.size(), out.little_endian());
+    s.yv_read(in);
+}
+
+void Any::yv_write_value(YV_CDR::OutputStream& out) const
+{
+    if (m_streamable != nullptr) {
+        m_streamable->yv_write(out);
+        return;
+    }
+    if (m_encoded == nullptr)
+        throw MARSHAL(0, COMPLETED_NO);
+    throw NO_IMPLEMENT(0, COMPLETED_NO);
+}
+
 void Any::yv_clear()
 {
     m_streamable = nullptr;
     m_owned.reset();
+    m_encoded.reset();
     release(m_type);
     m_type = _tc_null;
 }
@@ -168,17 +307,60 @@ void Any::operator<<=(from_octet v) { insert<YV_Cxx::BasicStreamable<Octet>>(*th
 
 void Any::operator<<=(from_string v)
 {
-    char* s = const_cast<char*>(v.val);
-    TypeCode_ptr tc = v.bound == 0 ? _tc_string : TypeCode::_yv_create(tk_string, v.bound);
-    insert<YV_Cxx::StringStreamable>(*this, s, tc);
-    if (v.bound != 0)
-        release(tc);
+    insert_string<YV_Cxx::StringStreamable>(*this, tk_string, v.val, v.bound, v.nocopy);
 }
 
-Boolean Any::operator>>=(to_boolean v) const { return extract_basic(*this, v.ref); }
-Boolean Any::operator>>=(to_char v) const { return extract_basic(*this, v.ref); }
-Boolean Any::operator>>=(to_wchar v) const { return extract_basic(*this, v.ref); }
-Boolean Any::operator>>=(to_octet v) const { return extract_basic(*this, v.ref); }
+void Any::operator<<=(from_wstring v)
+{
+    insert_string<YV_Cxx::WStringStreamable>(*this, tk_wstring, v.val, v.bound, v.nocopy);
+}
+
+void Any::operator<<=(from_fixed v)
+{
+    YV_TC::GraphHolder holder;
+    TypeCode* made = holder.graph->make(tk_fixed);
+    holder.graph->set_fixed(made, v.digits, static_cast<Short>(v.scale));
+    const TypeCode_var tc = holder.hand_over(made);
+    insert<FixedStreamable>(*this, v.val, tc.in());
+}
+
+Boolean Any::operator>>=(to_boolean v) const { return extract_basic(*this, _tc_boolean, v.ref); }
+Boolean Any::operator>>=(to_char v) const { return extract_basic(*this, _tc_char, v.ref); }
+Boolean Any::operator>>=(to_wchar v) const { return extract_basic(*this, _tc_wchar, v.ref); }
+Boolean Any::operator>>=(to_octet v) const { return extract_basic(*this, _tc_octet, v.ref); }
+
+Boolean Any::operator>>=(to_string v) const
+{
+    return extract_string<YV_Cxx::StringStreamable>(*this, tk_string, v.bound, v.val);
+}
+
+Boolean Any::operator>>=(to_wstring v) const
+{
+    return extract_string<YV_Cxx::WStringStreamable>(*this, tk_wstring, v.bound, v.val);
+}
+
+Boolean Any::operator>>=(to_fixed v) const
+{
+    const TypeCode_ptr t = m_type->yv_unaliased();
+    if (t->kind() != tk_fixed || t->yv_digits() != v.digits || t->yv_scale() != static_cast<Short>(v.scale))
+        return false;
+    if (const FixedStreamable* s = yv_value_as<FixedStreamable>(m_type)) {
+        v.val = s->extract();
+        return true;
+    }
+    return false;
+}
+
+Boolean Any::operator>>=(to_object v) const
+{
+    if (m_type->yv_unaliased()->kind() != tk_objref)
+        return false;
+    if (const ObjectStreamable* s = yv_value_as<ObjectStreamable>(m_type)) {
+        v.ref = Object::_duplicate(s->extract());
+        return true;
+    }
+    return false;
+}
 
 void operator<<=(Any& a, Short v) { insert<YV_Cxx::BasicStreamable<Short>>(a, v, _tc_short); }
 void operator<<=(Any& a, UShort v) { insert<YV_Cxx::BasicStreamable<UShort>>(a, v, _tc_ushort); }
@@ -205,37 +387,74 @@ void operator<<=(Any& a, const Any& v)
     insert<YV_Cxx::AnyStreamable>(a, const_cast<Any*>(&v), _tc_any);
 }
 
-Boolean operator>>=(const Any& a, Short& v) { return extract_basic(a, v); }
-Boolean operator>>=(const Any& a, UShort& v) { return extract_basic(a, v); }
-Boolean operator>>=(const Any& a, Long& v) { return extract_basic(a, v); }
-Boolean operator>>=(const Any& a, ULong& v) { return extract_basic(a, v); }
-Boolean operator>>=(const Any& a, LongLong& v) { return extract_basic(a, v); }
-Boolean operator>>=(const Any& a, ULongLong& v) { return extract_basic(a, v); }
-Boolean operator>>=(const Any& a, Float& v) { return extract_basic(a, v); }
-Boolean operator>>=(const Any& a, Double& v) { return extract_basic(a, v); }
-Boolean operator>>=(const Any& a, LongDouble& v) { return extract_basic(a, v); }
+void operator<<=(Any& a, Any* v)
+{
+    adopt<YV_Cxx::AnyStreamable>(a, v, _tc_any);
+}
+
+void operator<<=(Any& a, TypeCode_ptr v)
+{
+    insert<TypeCodeStreamable>(a, v, _tc_TypeCode);
+}
+
+void operator<<=(Any& a, TypeCode_ptr* v)
+{
+    adopt<TypeCodeStreamable>(a, *v, _tc_TypeCode);
+    *v = nullptr;
+}
+
+void operator<<=(Any& a, Object_ptr v)
+{
+    insert<ObjectStreamable>(a, v, _tc_Object);
+}
+
+void operator<<=(Any& a, Object_ptr* v)
+{
+    adopt<ObjectStreamable>(a, *v, _tc_Object);
+    *v = nullptr;
+}
+
+Boolean operator>>=(const Any& a, Short& v) { return extract_basic(a, _tc_short, v); }
+Boolean operator>>=(const Any& a, UShort& v) { return extract_basic(a, _tc_ushort, v); }
+Boolean operator>>=(const Any& a, Long& v) { return extract_basic(a, _tc_long, v); }
+Boolean operator>>=(const Any& a, ULong& v) { return extract_basic(a, _tc_ulong, v); }
+Boolean operator>>=(const Any& a, LongLong& v) { return extract_basic(a, _tc_longlong, v); }
+Boolean operator>>=(const Any& a, ULongLong& v) { return extract_basic(a, _tc_ulonglong, v); }
+Boolean operator>>=(const Any& a, Float& v) { return extract_basic(a, _tc_float, v); }
+Boolean operator>>=(const Any& a, Double& v) { return extract_basic(a, _tc_double, v); }
+Boolean operator>>=(const Any& a, LongDouble& v) { return extract_basic(a, _tc_longdouble, v); }
 
 Boolean operator>>=(const Any& a, const char*& v)
 {
-    if (const YV_Cxx::StringStreamable* s = held<YV_Cxx::StringStreamable>(a)) {
-        v = s->extract();
-        return true;
-    }
-    return false;
+    return extract_string<YV_Cxx::StringStreamable>(a, tk_string, 0, v);
 }
 
 Boolean operator>>=(const Any& a, const WChar*& v)
 {
-    if (const YV_Cxx::WStringStreamable* s = held<YV_Cxx::WStringStreamable>(a)) {
+    return extract_string<YV_Cxx::WStringStreamable>(a, tk_wstring, 0, v);
+}
+
+Boolean operator>>=(const Any& a, const Any*& v)
+{
+    if (const YV_Cxx::AnyStreamable* s = a.yv_value_as<YV_Cxx::AnyStreamable>(_tc_any)) {
+        v = s->extract();
+        return v != nullptr;
+    }
+    return false;
+}
+
+Boolean operator>>=(const Any& a, TypeCode_ptr& v)
+{
+    if (const TypeCodeStreamable* s = a.yv_value_as<TypeCodeStreamable>(_tc_TypeCode)) {
         v = s->extract();
         return true;
     }
     return false;
 }
 
-Boolean operator>>=(const Any& a, const Any*& v)
+Boolean operator>>=(const Any& a, Object_ptr& v)
 {
-    if (const YV_Cxx::AnyStreamable* s = held<YV_Cxx::AnyStreamable>(a)) {
+    if (const ObjectStreamable* s = a.yv_value_as<ObjectStreamable>(_tc_Object)) {
         v = s->extract();
         return true;
     }
@@ -243,3 +462,17 @@ Boolean operator>>=(const Any& a, const Any*& v)
 }
 
 } // namespace CORBA
+
+namespace YV_Cxx {
+
+void Marshal<CORBA::Any>::write(YV_CDR::OutputStream&, const CORBA::Any&)
+{
+    throw CORBA::NO_IMPLEMENT(0, CORBA::COMPLETED_NO);
+}
+
+void Marshal<CORBA::Any>::read(YV_CDR::InputStream&, CORBA::Any&)
+{
+    throw CORBA::NO_IMPLEMENT(0, CORBA::COMPLETED_NO);
+}
+
+} // namespace YV_Cxx

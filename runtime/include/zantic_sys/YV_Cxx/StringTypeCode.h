@@ -11,7 +11,7 @@ namespace YV_Cxx {
 
 class StringTypeCode : public CORBA::TypeCode {
 public:
-    StringTypeCode(CORBA::ULong bound, int wide)
+    constexpr StringTypeCode(CORBA::ULong bound, int wide)
         : CORBA::TypeCode(wide ? CORBA::tk_wstring : CORBA::tk_string, bound)
     {
     }

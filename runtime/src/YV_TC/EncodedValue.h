@@ -1,0 +1,31 @@
+// The value of an any as it arrived in CDR: its octets, with what decoding
+// them needs (byte order, alignment phase of the first octet, GIOP minor
+// version for wide characters). Never changed once made, so anys share it.
+#ifndef YV_RT_YV_TC_ENCODEDVALUE_H
+#define YV_RT_YV_TC_ENCODEDVALUE_H
+
+#include "zantic_sys/YV_CDR/InputStream.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace YV_TC {
+
+struct EncodedValue {
+    std::vector<unsigned char> octets;
+    bool little_endian = YV_CDR::native_little_endian;
+    std::size_t phase = 0;
+    unsigned giop_minor = 2;
+
+    // A stream over the octets.
+    YV_CDR::InputStream stream() const
+    {
+        YV_CDR::InputStream in(octets.data(), octets.size(), little_endian, phase);
+        in.giop_minor(giop_minor);
+        return in;
+    }
+};
+
+} // namespace YV_TC
+
+#endif
