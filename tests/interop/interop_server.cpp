@@ -34,7 +34,7 @@ bool write_reference(const std::string& path, const char* ior)
 
 // Binds `object` as "context/name" (name "id.kind") in the naming service,
 // making the context when it is not there yet.
-void bind(CORBA::ORB_ptr orb, const std::string& path, CORBA::Object_ptr object)
+void bind_name(CORBA::ORB_ptr orb, const std::string& path, CORBA::Object_ptr object)
 {
     CORBA::Object_var service = orb->resolve_initial_references("NameService");
     CosNaming::NamingContext_var root = CosNaming::NamingContext::_narrow(service.in());
@@ -96,7 +96,7 @@ int main(int argc, char** argv)
         manager->activate();
 
         if (!binding.empty())
-            bind(orb.in(), binding, reference.in());
+            bind_name(orb.in(), binding, reference.in());
         CORBA::String_var ior = orb->object_to_string(reference.in());
         if (!write_reference(ior_file, ior.in())) {
             std::fprintf(stderr, "interop_server: cannot write %s\n", ior_file.c_str());
