@@ -1,5 +1,6 @@
 #include "CxxMemberDeclaration.h"
 
+#include "CxxPrinter.h"
 #include "HHExtraVisit.h"
 #include "UTL_Indent.h"
 
@@ -7,28 +8,31 @@
 
 void CxxMemberDeclaration::write(std::ostream& os, UTL_Indent& indent, HHExtraVisit* first, HHExtraVisit* second) const
 {
-    os << indent;
+    CxxPrinter p(os, indent);
+    p.indentation();
     if (first)
         first->before(os);
     if (second)
         second->before(os);
     // A constructor has no result line.
-    if (!m_result.empty())
-        os << m_result << "\n" << indent;
+    if (!m_result.empty()) {
+        p.print("$result$\n", {{"result", m_result}});
+        p.indentation();
+    }
     if (m_name_writer)
         m_name_writer(os);
-    else
-        os << m_name;
-    os << "(";
+    p.print("$name$(", {{"name", m_name_writer ? std::string_view() : std::string_view(m_name)}});
     if (!m_params.empty()) {
-        os << "\n";
-        indent.increment();
-        for (std::size_t i = 0; i < m_params.size(); ++i)
-            os << indent << m_params[i].first << " " << m_params[i].second << (i + 1 < m_params.size() ? ",\n" : "\n");
-        indent.decrement();
-        os << indent;
+        p.print("\n");
+        {
+            auto params = p.deeper();
+            p.list(m_params, ",\n", [&p](const Parameter& param) {
+                p.print("$type$ $name$", {{"type", param.first}, {"name", param.second}});
+            });
+            p.print("\n");
+        }
     }
-    os << ")" << m_qualifier;
+    p.print(")$qualifier$", {{"qualifier", m_qualifier}});
     if (first)
         first->after(os);
     if (second)

@@ -2,12 +2,37 @@
 
 #include "UTL_Indent.h"
 
+#include <charconv>
 #include <ostream>
 #include <stdexcept>
 
-CxxPrinter::CxxPrinter(std::ostream& os, UTL_Indent& indent, bool at_line_start)
-    : m_os(os), m_indent(indent), m_line_start(at_line_start)
+CxxPrinter::Num::Num(long long value, int base)
 {
+    m_length = static_cast<std::size_t>(std::to_chars(m_text, m_text + sizeof m_text, value, base).ptr - m_text);
+}
+
+CxxPrinter::CxxPrinter(std::ostream& os, UTL_Indent& indent, bool at_line_start)
+    : m_os(os), m_buf(os.rdbuf()), m_indent(indent), m_line_start(at_line_start)
+{
+}
+
+// Text goes straight to the stream's buffer: emitters write millions of
+// short pieces, and the stream's per-call checks would cost more than the
+// copying.
+void CxxPrinter::put(std::string_view text)
+{
+    m_buf->sputn(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
+void CxxPrinter::put_indentation()
+{
+    static const std::string blanks(64 * UTL_Indent::WIDTH, ' ');
+    std::size_t n = static_cast<std::size_t>(m_indent.get_indent()) * UTL_Indent::WIDTH;
+    while (n > blanks.size()) {
+        put(blanks);
+        n -= blanks.size();
+    }
+    put(std::string_view(blanks.data(), n));
 }
 
 void CxxPrinter::write_line_piece(std::string_view piece)
@@ -15,28 +40,44 @@ void CxxPrinter::write_line_piece(std::string_view piece)
     if (piece.empty())
         return;
     if (m_line_start) {
-        m_os << m_indent;
+        put_indentation();
         m_line_start = false;
     }
-    m_os.write(piece.data(), static_cast<std::streamsize>(piece.size()));
+    put(piece);
 }
 
-void CxxPrinter::print(std::string_view text, Vars vars)
+void CxxPrinter::print(std::string_view text, Vars vars) { substitute(text, vars, true); }
+
+void CxxPrinter::raw(std::string_view text, Vars vars) { substitute(text, vars, false); }
+
+// Unindented text is written with the line-start flag held down, so that
+// no piece of it is indented; a line end at its very end lets the next
+// print start a line.
+void CxxPrinter::substitute(std::string_view text, Vars vars, bool indented)
 {
     std::size_t pos = 0;
-    while (pos < text.size()) {
-        const std::size_t stop = text.find_first_of("$\n", pos);
-        if (stop == std::string_view::npos) {
+    const std::size_t size = text.size();
+    while (pos < size) {
+        if (!indented)
+            m_line_start = false;
+        std::size_t stop = pos;
+        while (stop < size && text[stop] != '$' && text[stop] != '\n')
+            ++stop;
+        if (stop == size) {
             write_line_piece(text.substr(pos));
             return;
         }
-        write_line_piece(text.substr(pos, stop - pos));
         if (text[stop] == '\n') {
-            m_os.put('\n');
+            // The rest of the line and its end in one piece; an empty line
+            // gets no indentation.
+            if (stop > pos && m_line_start)
+                put_indentation();
+            put(text.substr(pos, stop + 1 - pos));
             m_line_start = true;
             pos = stop + 1;
             continue;
         }
+        write_line_piece(text.substr(pos, stop - pos));
         const std::size_t end = text.find('$', stop + 1);
         if (end == std::string_view::npos)
             throw std::logic_error("CxxPrinter: unterminated $ in \"" + std::string(text) + "\"");
@@ -59,16 +100,9 @@ void CxxPrinter::print(std::string_view text, Vars vars)
     }
 }
 
-void CxxPrinter::raw(std::string_view text)
-{
-    m_os.write(text.data(), static_cast<std::streamsize>(text.size()));
-    if (!text.empty())
-        m_line_start = text.back() == '\n';
-}
-
 void CxxPrinter::indentation()
 {
-    m_os << m_indent;
+    put_indentation();
     m_line_start = false;
 }
 
@@ -78,10 +112,11 @@ void CxxPrinter::outdent() { m_indent.decrement(); }
 
 CxxPrinter::Block::~Block()
 {
-    if (m_printer) {
-        m_printer->outdent();
+    if (!m_printer)
+        return;
+    m_printer->outdent();
+    if (std::uncaught_exceptions() == m_exceptions)
         m_printer->print(m_close);
-    }
 }
 
 CxxPrinter::Block CxxPrinter::block(std::string_view open, std::string_view close, Vars vars)

@@ -15,12 +15,16 @@
 // first piece of a line is indented.
 //
 // The writer shares the visitor's indentation object, so levels raised by
-// emitters that still stream text themselves and by the writer agree.
+// visitors that write to the same stream and by the writer agree. A writer
+// is cheap to make (three fields, no allocation): emitters make one where
+// they need it.
 #ifndef CXXPRINTER_H
 #define CXXPRINTER_H
 
+#include <exception>
 #include <initializer_list>
 #include <iosfwd>
+#include <streambuf>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -33,6 +37,19 @@ public:
     using Var = std::pair<std::string_view, std::string_view>;
     using Vars = std::initializer_list<Var>;
 
+    // A number as the text of a value (base 16 in lower case, without
+    // prefix), made without allocating:
+    //   p.print("_entry_$n$", {{"n", CxxPrinter::Num(slot)}});
+    class Num {
+    public:
+        explicit Num(long long value, int base = 10);
+        operator std::string_view() const { return std::string_view(m_text, m_length); }
+
+    private:
+        char m_text[24];
+        std::size_t m_length;
+    };
+
     // `at_line_start` says whether the stream stands at the start of a line
     // (false when the caller has already written part of the line).
     CxxPrinter(std::ostream& os, UTL_Indent& indent, bool at_line_start = true);
@@ -42,22 +59,35 @@ public:
     // error (std::logic_error).
     void print(std::string_view text, Vars vars = {});
 
-    // Writes `text` as it is: no indentation, no values. For the pieces the
-    // generated text fixes as unindented.
-    void raw(std::string_view text);
-    // Writes the indentation of the current level alone (a line that the
-    // fixed text gives as only its indentation, ended by the next print).
+    // Writes `text` with its values but without indentation: for the
+    // pieces that the generated text fixes as unindented.
+    void raw(std::string_view text, Vars vars = {});
+    // Writes the indentation of the current level and goes on on that line
+    // (a line that the fixed text gives as only its indentation, or a line
+    // whose first piece another visitor writes).
     void indentation();
+    // Another visitor has written part of a line on the stream: the next
+    // print goes on there, unindented.
+    void continue_line() { m_line_start = false; }
 
     void indent();
     void outdent();
 
     // A block: writes `open`, raises the level; when the block goes out of
-    // scope, lowers the level and writes `close`.
+    // scope, lowers the level and writes `close`. A block left by an
+    // exception writes nothing more: the text ends where the error stopped
+    // it.
     class Block {
     public:
-        Block(CxxPrinter& p, std::string_view close) : m_printer(&p), m_close(close) {}
-        Block(Block&& other) noexcept : m_printer(other.m_printer), m_close(other.m_close) { other.m_printer = nullptr; }
+        Block(CxxPrinter& p, std::string_view close)
+            : m_printer(&p), m_close(close), m_exceptions(std::uncaught_exceptions())
+        {
+        }
+        Block(Block&& other) noexcept
+            : m_printer(other.m_printer), m_close(other.m_close), m_exceptions(other.m_exceptions)
+        {
+            other.m_printer = nullptr;
+        }
         Block(const Block&) = delete;
         Block& operator=(const Block&) = delete;
         Block& operator=(Block&&) = delete;
@@ -66,8 +96,11 @@ public:
     private:
         CxxPrinter* m_printer;
         std::string_view m_close;
+        int m_exceptions;
     };
     [[nodiscard]] Block block(std::string_view open = "{\n", std::string_view close = "}\n", Vars vars = {});
+    // One level deeper until the block ends; writes nothing itself.
+    [[nodiscard]] Block deeper() { return block("", ""); }
 
     // Writes `each(item)` for every item, `sep` between two (inline; each
     // call of `each` prints through this writer).
@@ -106,12 +139,16 @@ public:
     UTL_Indent& level() const { return m_indent; }
 
 private:
+    void put(std::string_view text);
+    void put_indentation();
     void write_line_piece(std::string_view piece);
+    void substitute(std::string_view text, Vars vars, bool indented);
     void member_head(std::string_view result, std::string_view name, bool no_params);
     void member_param(std::string_view param, bool first);
     void member_tail(bool no_params, std::string_view tail);
 
     std::ostream& m_os;
+    std::streambuf* m_buf;
     UTL_Indent& m_indent;
     bool m_line_start;
 };

@@ -32,59 +32,61 @@ void VE_Client_Interface::find_all_interfaces(AST_Interface* i, std::vector<AST_
 
 void VE_Client_Interface::outputNarrowTag(AST_Interface* i, Visitor_i* name_visitor)
 {
-    at_indent() << "char ";
+    CxxPrinter p = printer();
+    p.print("char ");
     resolver().output_fully_scoped_name_with_visitor(os(), i, name_visitor, "::");
-    os() << "::_narrow_tag = 0;";
+    p.print("::_narrow_tag = 0;");
 }
 
 void VE_Client_Interface::outputNarrowTagVar(AST_Interface* i, Visitor_i* name_visitor)
 {
     resolver().output_fully_scoped_name_with_visitor(os(), i, name_visitor, "::");
-    os() << "::_narrow_tag";
+    CxxPrinter p = printer();
+    p.continue_line();
+    p.print("::_narrow_tag");
 }
 
+// The names are written by `name_visitor` through the resolver, between
+// the pieces of the lines.
 void VE_Client_Interface::output_local_narrow(AST_Interface* i, Visitor_i* name_visitor, const char* base_class)
 {
-    at_indent() << "void*\n";
-    at_indent();
-    resolver().output_fully_scoped_name_with_visitor(os(), i, name_visitor, "::");
-    os() << "::_local_narrow(\n";
-    indent().increment();
-    at_indent() << "const char* tag\n";
-    indent().decrement();
-    at_indent() << ")\n";
-    at_indent() << "{\n";
-    indent().increment();
-    at_indent() << "if (tag == &";
-    outputNarrowTagVar(i, name_visitor);
-    os() << ")\n";
-    indent().increment();
-    at_indent() << "return this;\n";
-    indent().decrement();
-    if (i->inherits().empty()) {
-        at_indent() << "return " << (base_class ? base_class : "PortableServer::ServantBase")
-                    << "::_local_narrow(tag);\n";
-    } else {
-        for (AST_Interface* base : i->inherits()) {
-            at_indent() << "if (void* base = ";
-            resolver().output_fully_scoped_name_with_visitor(os(), base, name_visitor, "::");
-            os() << "::_local_narrow(tag))\n";
-            indent().increment();
-            at_indent() << "return base;\n";
-            indent().decrement();
-        }
-        at_indent() << "return 0;\n";
+    CxxPrinter p = printer();
+    auto scoped = [&](AST_Interface* d) { resolver().output_fully_scoped_name_with_visitor(os(), d, name_visitor, "::"); };
+    p.print("void*\n");
+    p.indentation();
+    scoped(i);
+    p.print("::_local_narrow(\n");
+    {
+        auto params = p.deeper();
+        p.print("const char* tag\n");
     }
-    indent().decrement();
-    at_indent() << "}\n";
+    p.print(")\n");
+    auto body = p.block();
+    p.print("if (tag == &");
+    outputNarrowTagVar(i, name_visitor);
+    p.print(")\n");
+    {
+        auto then = p.deeper();
+        p.print("return this;\n");
+    }
+    if (i->inherits().empty()) {
+        p.print("return $base$::_local_narrow(tag);\n", {{"base", base_class ? base_class : "PortableServer::ServantBase"}});
+        return;
+    }
+    for (AST_Interface* base : i->inherits()) {
+        p.print("if (void* base = ");
+        scoped(base);
+        p.print("::_local_narrow(tag))\n");
+        auto then = p.deeper();
+        p.print("return base;\n");
+    }
+    p.print("return 0;\n");
 }
 
 void VE_Client_Interface::output_dtor(AST_Interface* i)
 {
-    const std::string name = resolver().local_name(i);
-    at_indent();
+    CxxPrinter p = printer();
+    p.indentation();
     resolver().output_fully_scoped_name(os(), i);
-    os() << "::~" << name << "()\n";
-    at_indent() << "{\n";
-    at_indent() << "}\n\n";
+    p.print("::~$name$()\n{\n}\n\n", {{"name", resolver().local_name(i)}});
 }

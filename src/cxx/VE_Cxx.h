@@ -1,11 +1,12 @@
 // The base of C++ emitters: an element of one visitor's table, writing to
 // that visitor's stream with that visitor's indentation.
 //
-// Text is written as whole statements: at_indent() starts a line at the
-// current level, and the caller streams the pieces and "\n".
+// Text is written through printer(): whole statements with named values,
+// blocks for indentation (see CxxPrinter).
 #ifndef VE_CXX_H
 #define VE_CXX_H
 
+#include "CxxPrinter.h"
 #include "VIS_Cxx.h"
 
 #include <ostream>
@@ -21,7 +22,13 @@ public:
     CodeGenerator* generator() const { return m_visitor->generator(); }
 
 protected:
-    // Writes the indentation of the current level and returns the stream.
+    // A writer on the visitor's stream and indentation, at the start of a
+    // line.
+    CxxPrinter printer() const { return CxxPrinter(os(), indent()); }
+
+    // For emitters that still stream their text themselves (the client
+    // generator's): writes the indentation of the current level and
+    // returns the stream.
     std::ostream& at_indent() const { return os() << indent(); }
 
     // Writes each element of `items` with `each(os, item)`, `sep` between two.

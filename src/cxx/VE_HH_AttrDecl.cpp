@@ -22,7 +22,7 @@ long VE_HH_AttrDecl::visit(AST_Decl* d)
         throw Visitor_i::NarrowFailure(visitor(), d);
     output_get(a);
     if (!a->readonly()) {
-        os() << "\n";
+        printer().print("\n");
         output_set(a);
     }
     return 1;
@@ -50,5 +50,5 @@ void VE_HH_AttrDecl::output_set(AST_Attribute* a)
     // virtual writer) ends its line, so that what its caller writes next
     // starts on a line of its own; a bare one stops at ")" for a body.
     if (m_first || m_second)
-        os() << "\n";
+        printer().print("\n");
 }

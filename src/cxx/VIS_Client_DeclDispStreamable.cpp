@@ -18,7 +18,10 @@ long VIS_Client_DeclDispStreamable::visit_type(AST_Type* t)
     const std::string cls = mapping().streamable(t);
     if (cls.empty())
         return 1;
-    at_indent() << cls << " " << m_strm << "(" << m_addr << ", " << (m_orb.empty() ? "0" : m_orb) << ", 0x"
-                << std::hex << m_usage << std::dec << ");\n";
+    printer().print("$class$ $strm$($addr$, $orb$, 0x$usage$);\n", {{"class", cls},
+                                                                    {"strm", m_strm},
+                                                                    {"addr", m_addr},
+                                                                    {"orb", m_orb.empty() ? std::string_view("0") : m_orb},
+                                                                    {"usage", CxxPrinter::Num(m_usage, 16)}});
     return 1;
 }

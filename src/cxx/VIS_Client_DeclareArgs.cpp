@@ -14,6 +14,6 @@ VIS_Client_DeclareArgs::VIS_Client_DeclareArgs(std::ostream& os, int level, UTL_
 long VIS_Client_DeclareArgs::visit_type(AST_Type* t)
 {
     const CxxTypeMapping::Mode mode = m_arg ? CxxTypeMapping::mode_of(m_arg->direction()) : CxxTypeMapping::M_in;
-    at_indent() << mapping().storage(t, mode) << " " << resolver().local_name(m_arg) << ";\n";
+    printer().print("$type$ $name$;\n", {{"type", mapping().storage(t, mode)}, {"name", resolver().local_name(m_arg)}});
     return 1;
 }

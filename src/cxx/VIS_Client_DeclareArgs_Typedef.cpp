@@ -12,6 +12,6 @@ VIS_Client_DeclareArgs_Typedef::VIS_Client_DeclareArgs_Typedef(std::ostream& os,
 
 long VIS_Client_DeclareArgs_Typedef::visit_type(AST_Type* t)
 {
-    at_indent() << mapping().storage(t, m_mode) << " " << m_variable << ";\n";
+    printer().print("$type$ $name$;\n", {{"type", mapping().storage(t, m_mode)}, {"name", m_variable}});
     return 1;
 }

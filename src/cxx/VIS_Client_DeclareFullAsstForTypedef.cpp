@@ -17,6 +17,6 @@ long VIS_Client_DeclareFullAsstForTypedef::visit_type(AST_Type* t)
         return 1;
     const std::string cls = mapping().streamable(t);
     if (!cls.empty())
-        at_indent() << "typedef " << cls << " " << resolver().local_name(t) << "_Streamable;\n";
+        printer().print("typedef $class$ $name$_Streamable;\n", {{"class", cls}, {"name", resolver().local_name(t)}});
     return 1;
 }

@@ -11,6 +11,6 @@ VIS_Client_SetTypeCode::VIS_Client_SetTypeCode(std::ostream& os, int level, UTL_
 
 long VIS_Client_SetTypeCode::visit_type(AST_Type* t)
 {
-    at_indent() << m_any << ".type(" << mapping().typecode(t) << ");\n";
+    printer().print("$any$.type($tc$);\n", {{"any", m_any}, {"tc", mapping().typecode(t)}});
     return 1;
 }

@@ -16,10 +16,13 @@ long VIS_Client_TypeCode::visit_type(AST_Type* t)
         return 1;
     const std::string tc = CxxTypeMapping::anonymous_string_tc_name(s);
     const std::string guard = "_YV_TC_DEFINED" + tc.substr(std::string("_yv_tc").size());
-    stream() << "#ifndef " << guard << "\n"
-             << "#define " << guard << "\n";
-    at_indent() << "static CORBA::TypeCode " << tc << "(" << (s->is_wide() ? "CORBA::tk_wstring" : "CORBA::tk_string")
-                << ", " << s->max_size() << ");\n";
-    stream() << "#endif\n";
+    // The guard lines start in the first column.
+    CxxPrinter p = printer();
+    p.raw("#ifndef $guard$\n#define $guard$\n", {{"guard", guard}});
+    p.print("static CORBA::TypeCode $tc$($kind$, $max$);\n",
+            {{"tc", tc},
+             {"kind", s->is_wide() ? "CORBA::tk_wstring" : "CORBA::tk_string"},
+             {"max", CxxPrinter::Num(static_cast<long long>(s->max_size()))}});
+    p.raw("#endif\n");
     return 1;
 }

@@ -45,4 +45,3 @@ long VIS_CxxTypeVisitor::visit_AST_ValueBase(AST_ValueBase* n) { return visit_ty
 long VIS_CxxTypeVisitor::visit_AST_Native(AST_Native* n) { return visit_type(n); }
 long VIS_CxxTypeVisitor::visit_AST_Fixed(AST_Fixed* n) { return visit_type(n); }
 
-std::ostream& VIS_CxxTypeVisitor::at_indent() { return stream() << indent(); }

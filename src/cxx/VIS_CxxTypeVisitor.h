@@ -5,6 +5,7 @@
 #ifndef VIS_CXXTYPEVISITOR_H
 #define VIS_CXXTYPEVISITOR_H
 
+#include "CxxPrinter.h"
 #include "CxxTypeMapping.h"
 #include "VIS_Cxx.h"
 
@@ -44,8 +45,9 @@ protected:
 
     // The type mapping as seen from the visitor's current scope.
     CxxTypeMapping mapping() const { return CxxTypeMapping(resolver(), scope()); }
-    // Writes the indentation of the current level and returns the stream.
-    std::ostream& at_indent();
+    // A writer on the visitor's stream and indentation, at the start of a
+    // line.
+    CxxPrinter printer() { return CxxPrinter(stream(), indent()); }
 };
 
 #endif

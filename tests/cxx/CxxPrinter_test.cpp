@@ -66,16 +66,38 @@ TEST(CxxPrinter, BlocksListsAndMembers)
                         "};\n");
 }
 
-TEST(CxxPrinter, RawTextAndLoneIndentation)
+// The fixed shapes: unindented pieces with values, a line holding only the
+// indentation, a line that another writer began, numbers as values.
+TEST(CxxPrinter, RawTextLoneIndentationAndContinuedLines)
 {
     std::ostringstream os;
     UTL_Indent indent(1);
     CxxPrinter p(os, indent);
-    p.raw("void\n");
+    p.raw("void\n$f$(\n", {{"f", "f"}});
     p.indentation();
     p.print("\n");
+    p.raw("else ");
+    p.indentation();
     p.print("x;\n");
-    EXPECT_EQ(os.str(), "void\n    \n    x;\n");
+    os << "    other";
+    p.continue_line();
+    p.print(" = $n$, 0x$h$;\n", {{"n", CxxPrinter::Num(-42)}, {"h", CxxPrinter::Num(0x28, 16)}});
+    EXPECT_EQ(os.str(), "void\nf(\n    \nelse     x;\n    other = -42, 0x28;\n");
+}
+
+TEST(CxxPrinter, BlockLeftByAnExceptionWritesNoClose)
+{
+    std::ostringstream os;
+    UTL_Indent indent(0);
+    CxxPrinter p(os, indent);
+    try {
+        auto b = p.block("class C\n{\n", "};\n");
+        p.print("int a;\n");
+        throw std::runtime_error("stop");
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_EQ(os.str(), "class C\n{\n    int a;\n");
+    EXPECT_EQ(indent.get_indent(), 0);
 }
 
 TEST(CxxPrinter, UnknownValueIsAnError)

@@ -3,52 +3,33 @@
 #include "GEN_POACxx.h"
 #include "VIS_Cxx.h"
 
-#include <ostream>
+POA_HH_Writer::POA_HH_Writer(VIS_Cxx* v) : m_visitor(v), m_printer(v->stream(), v->indent()) {}
 
-std::ostream& POA_HH_Writer::at_indent() { return m_visitor->stream() << m_visitor->indent(); }
-
-void POA_HH_Writer::class_head(const std::string& name)
+void POA_HH_Writer::class_head(std::string_view name)
 {
     GEN_POACxx* gen = GEN_POACxx::narrow_from_gen(m_visitor->generator());
-    at_indent() << "class ";
     if (gen->declspecs_on())
-        m_visitor->stream() << gen->declspec() << " ";
-    m_visitor->stream() << name;
+        m_printer.print("class $declspec$ $name$", {{"declspec", gen->declspec()}, {"name", name}});
+    else
+        m_printer.print("class $name$", {{"name", name}});
 }
 
-void POA_HH_Writer::class_open(const std::string& name)
+CxxPrinter::Block POA_HH_Writer::class_body(std::string_view name)
 {
-    at_indent() << "{\n";
-    at_indent() << "  public:\n";
-    m_visitor->indent().increment();
-    at_indent() << "virtual ~" << name << "();\n\n";
+    // The access label's two leading blanks are fixed.
+    CxxPrinter::Block body = m_printer.block("{\n  public:\n", "};\n\n");
+    m_printer.print("virtual ~$name$();\n\n", {{"name", name}});
+    return body;
 }
 
-void POA_HH_Writer::class_close()
+void POA_HH_Writer::member(std::string_view type, std::string_view name, std::initializer_list<std::string> params)
 {
-    m_visitor->indent().decrement();
-    at_indent() << "};\n\n";
-}
-
-void POA_HH_Writer::call_block(const std::string& head, std::initializer_list<const char*> params, const char* close)
-{
-    at_indent() << head << "(\n";
-    m_visitor->indent().increment();
-    for (const char* p : params)
-        at_indent() << p << "\n";
-    m_visitor->indent().decrement();
-    at_indent() << close << "\n\n";
-}
-
-void POA_HH_Writer::member(const std::string& type, const std::string& name, std::initializer_list<const char*> params)
-{
-    at_indent() << type << "\n";
-    call_block(name, params, ");");
+    m_printer.member(type, name, params, ";\n\n");
 }
 
 void POA_HH_Writer::dispatch(const std::string& name)
 {
     member("static void", name + "_yvgen_dispatch",
-           {"PortableServer::ServantBase* _servant,", "CORBA::YV_ServerRequest_ptr _request,",
+           {"PortableServer::ServantBase* _servant", "CORBA::YV_ServerRequest_ptr _request",
             "CORBA::CompletionStatus &_status"});
 }

@@ -20,8 +20,9 @@ long VE_POA_HH_CBE_Specific::visit(AST_Decl* d)
     close_up_directives(text);
     includes_to_preprocessor(text);
     apply_switches(text);
+    // The block's text goes out as it stands, unindented.
     if (!text.empty())
-        os() << text;
+        printer().raw("$text$", {{"text", text.str()}});
     return 1;
 }
 

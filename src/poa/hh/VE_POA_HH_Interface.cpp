@@ -42,7 +42,7 @@ long VE_POA_HH_Interface::visit(AST_Decl* d)
         output_poa(handler.get());
         gen->set_options("-xAMICallbacks", 1, 0);
         handler.reset();
-        os() << "\n\n";
+        printer().print("\n\n");
     }
     return 1;
 }
@@ -51,39 +51,41 @@ void VE_POA_HH_Interface::output_poa(AST_Interface* i)
 {
     GEN_POACxx* gen = GEN_POACxx::narrow_from_gen(generator());
     POA_HH_Writer w(visitor());
+    CxxPrinter& p = w.printer();
     const std::string skeleton = POA_OutputVisitor::skeleton_name(resolver(), i);
 
     w.class_head(skeleton);
     output_poa_inherits(i);
-    os() << "\n";
-    w.class_open(skeleton);
+    p.print("\n");
+    auto body = w.class_body(skeleton);
     if (gen->dispatch_on() && !i->is_abstract())
         w.member("PortableServer::ServantBase::_YV_DispatcherPtr", "_lookup_dispatcher", {"const char* operation"});
     if (!i->is_abstract()) {
-        at_indent();
+        p.indentation();
         resolver().output_full_scope(os(), i);
-        os() << resolver().local_name(i) << "_ptr\n";
-        at_indent() << "_this();\n\n";
+        p.print("$name$_ptr\n_this();\n\n", {{"name", resolver().local_name(i)}});
         w.member("virtual CORBA::Boolean", "_yv_is_a", {"const YV_FWString& _id"});
         w.member("virtual CORBA::RepositoryId", "_primary_interface",
-                 {"const PortableServer::ObjectId& oid,", "PortableServer::POA_ptr poa"});
+                 {"const PortableServer::ObjectId& oid", "PortableServer::POA_ptr poa"});
     }
     output_narrow(i);
     output_methods(i);
-    w.class_close();
 }
 
+// Without bases the one base line is ended here, so that the caller's
+// line end leaves an empty line (fixed).
 void VE_POA_HH_Interface::output_poa_inherits(AST_Interface* i)
 {
-    os() << " :\n";
-    indent().increment();
+    CxxPrinter p = printer();
+    p.continue_line();
+    p.print(" :\n");
+    auto bases = p.deeper();
     if (i->inherits().empty())
-        at_indent() << "virtual public PortableServer::ServantBase\n";
-    write_list(i->inherits(), ",\n", [&](std::ostream& out, AST_Interface* base) {
-        at_indent();
-        out << "virtual public " << POA_OutputVisitor::skeleton_name_in_scope(resolver(), base, visitor()->scope(), "::");
+        p.print("virtual public PortableServer::ServantBase\n");
+    p.list(i->inherits(), ",\n", [&](AST_Interface* base) {
+        p.print("virtual public $base$",
+                {{"base", POA_OutputVisitor::skeleton_name_in_scope(resolver(), base, visitor()->scope(), "::")}});
     });
-    indent().decrement();
 }
 
 void VE_POA_HH_Interface::output_narrow(AST_Interface* i)
@@ -91,7 +93,7 @@ void VE_POA_HH_Interface::output_narrow(AST_Interface* i)
     POA_HH_Writer w(visitor());
     if (!GEN_POACxx::narrow_from_gen(generator())->RTTI_support()) {
         w.member("virtual void*", "_local_narrow", {"const char* tag"});
-        at_indent() << "static char _narrow_tag;\n\n";
+        w.printer().print("static char _narrow_tag;\n\n");
     }
     const std::string skeleton = POA_OutputVisitor::skeleton_name_in_scope(resolver(), i, visitor()->scope(), "::");
     w.member("static " + skeleton + "*", "_narrow", {"PortableServer::ServantBase* _servant"});
@@ -99,13 +101,10 @@ void VE_POA_HH_Interface::output_narrow(AST_Interface* i)
 
 void VE_POA_HH_Interface::output_methods(AST_Interface* i)
 {
-    UTL_FilterList members;
-    members.insertFilter(AST_Decl::NT_op);
-    members.insertFilter(AST_Decl::NT_attr);
-    for (UTL_InclusiveFilteredScopeActiveIterator it(i, UTL_Scope::IK_decls, members); !it.is_done(); it.next()) {
-        if (AST_Operation* op = AST_Operation::narrow_from_decl(it.item()))
+    for (AST_Decl* d : UTL_InclusiveFilteredScopeActiveIterator::decls_of(i, {AST_Decl::NT_op, AST_Decl::NT_attr})) {
+        if (AST_Operation* op = AST_Operation::narrow_from_decl(d))
             output_operation(op);
-        else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(it.item()))
+        else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(d))
             output_attribute(a);
     }
 }
@@ -115,7 +114,7 @@ void VE_POA_HH_Interface::output_operation(AST_Operation* op)
     {
         POA_RootScope fully_scoped(visitor());
         VE_HH_OpDecl(visitor(), PureVirtualHHVisit::instance(), nullptr, nullptr, 1, 1, "%s").visit(op);
-        os() << "\n\n";
+        printer().print("\n\n");
     }
     if (GEN_POACxx::narrow_from_gen(generator())->dispatch_on()) {
         if (op_has_natives(op))
@@ -128,7 +127,7 @@ void VE_POA_HH_Interface::output_attribute(AST_Attribute* a)
 {
     GEN_POACxx* gen = GEN_POACxx::narrow_from_gen(generator());
     output_attr_get(a);
-    os() << "\n";
+    printer().print("\n");
     if (gen->dispatch_on()) {
         if (attr_has_natives(a))
             throw DispatchMethodWithNative(a);

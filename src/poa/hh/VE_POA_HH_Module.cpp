@@ -26,18 +26,16 @@ long VE_POA_HH_Module::visit(AST_Decl* d)
     GEN_POACxx* gen = GEN_POACxx::narrow_from_gen(generator());
     const std::string name = POA_OutputVisitor::skeleton_name(resolver(), m);
 
+    CxxPrinter p = printer();
     if (gen->namespace_support()) {
-        at_indent() << "namespace " << name << "\n";
-        at_indent() << "{\n";
+        p.print("namespace $name$\n{\n", {{"name", name}});
     } else {
         if (m->is_reopened())
             throw NamespacesUnsupported(m);
-        at_indent() << "class " << name << "\n";
-        at_indent() << "{\n";
-        at_indent() << "public:\n\n";
+        p.print("class $name$\n{\npublic:\n\n", {{"name", name}});
     }
     iterateScope(m);
-    at_indent() << "}" << (gen->namespace_support() ? "" : ";") << "\n\n\n";
+    p.print(gen->namespace_support() ? "}\n\n\n" : "};\n\n\n");
     return 1;
 }
 
@@ -47,7 +45,6 @@ void VE_POA_HH_Module::iterateScope(UTL_Scope* s)
     // The factory hands the visitor over; it is deleted when the module is done.
     std::unique_ptr<VIS_POA_HH> contents(VIS_POA_HH_Factory::find_factory(gen->visitorFF())
                                              ->create_VIS_POA_HH(os(), indent().get_indent() + 1, s, gen));
-    for (UTL_InclusiveFilteredScopeActiveIterator it(s, UTL_Scope::IK_decls, VE_POA_HH_Root::skeleton_kinds());
-         !it.is_done(); it.next())
-        it.item()->accept(contents.get());
+    for (AST_Decl* d : UTL_InclusiveFilteredScopeActiveIterator::decls_of(s, VE_POA_HH_Root::skeleton_kinds()))
+        d->accept(contents.get());
 }

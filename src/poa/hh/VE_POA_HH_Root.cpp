@@ -5,12 +5,7 @@
 
 UTL_FilterList VE_POA_HH_Root::skeleton_kinds()
 {
-    UTL_FilterList kinds;
-    kinds.insertFilter(AST_Decl::NT_module);
-    kinds.insertFilter(AST_Decl::NT_interface);
-    kinds.insertFilter(AST_Decl::NT_value);
-    kinds.insertFilter(AST_Decl::NT_cbe_specific);
-    return kinds;
+    return {AST_Decl::NT_module, AST_Decl::NT_interface, AST_Decl::NT_value, AST_Decl::NT_cbe_specific};
 }
 
 long VE_POA_HH_Root::visit(AST_Decl* d)
@@ -25,7 +20,7 @@ long VE_POA_HH_Root::visit(AST_Decl* d)
 void VE_POA_HH_Root::iterateScope(UTL_Scope* s)
 {
     // Declarations of included files get no skeleton text.
-    for (UTL_InclusiveFilteredScopeActiveIterator it(s, UTL_Scope::IK_decls, skeleton_kinds()); !it.is_done(); it.next())
-        if (it.item()->in_main_file())
-            it.item()->accept(visitor());
+    for (AST_Decl* d : UTL_InclusiveFilteredScopeActiveIterator::decls_of(s, skeleton_kinds()))
+        if (d->in_main_file())
+            d->accept(visitor());
 }

@@ -25,24 +25,21 @@ void VE_POA_HH_Value::output_poa(AST_Value* v)
 
     w.class_head(skeleton);
     output_poa_inherits(v);
-    os() << "\n";
-    w.class_open(skeleton);
-    {
-        POA_RootScope fully_scoped(visitor());
-        DeclMap done;
-        output_supported(v, v->supported(), done);
-    }
-    w.class_close();
+    w.printer().print("\n");
+    auto body = w.class_body(skeleton);
+    POA_RootScope fully_scoped(visitor());
+    DeclMap done;
+    output_supported(v, v->supported(), done);
 }
 
 void VE_POA_HH_Value::output_poa_inherits(AST_Value* v)
 {
-    os() << " :\n";
-    indent().increment();
-    at_indent() << "virtual public ";
+    CxxPrinter p = printer();
+    p.continue_line();
+    p.print(" :\n");
+    auto bases = p.deeper();
+    p.print("virtual public ");
     resolver().output_fully_scoped_name(os(), v);
-    os() << ",\n";
-    at_indent() << "virtual public "
-                << POA_OutputVisitor::skeleton_name_in_scope(resolver(), v->supported(), visitor()->scope(), "::");
-    indent().decrement();
+    p.print(",\nvirtual public $supported$",
+            {{"supported", POA_OutputVisitor::skeleton_name_in_scope(resolver(), v->supported(), visitor()->scope(), "::")}});
 }

@@ -13,14 +13,11 @@
 #include "UTL_InclusiveFilteredScopeActiveIterator.h"
 #include "VE_HH_AttrDecl.h"
 #include "VE_HH_OpDecl.h"
+#include "YV_ScratchStream.h"
 
-#include <sstream>
-#include <vector>
+#include <string>
 
 namespace {
-
-// The tied object, as each forwarding call names it.
-const char* const TIED = "YV_POA_TieBase<_YV_Cxx_T_>::_yv_m_ptr->";
 
 bool returns_void(AST_Operation* op)
 {
@@ -40,137 +37,119 @@ long VE_POA_TIE_HH_Interface::visit(AST_Decl* d)
     return 1;
 }
 
+std::string VE_POA_TIE_HH_Interface::tie_name(AST_Interface* i)
+{
+    YV_ScratchStream text_buf;
+    std::ostream& text = text_buf.stream();
+    DefaultOutputVisitor names(text, resolver());
+    text << "POA_";
+    resolver().output_fully_scoped_name_with_visitor(text, i, &names, "_");
+    text << "_tie";
+    return text_buf.str();
+}
+
 void VE_POA_TIE_HH_Interface::output_tie_name(AST_Interface* i)
 {
-    DefaultOutputVisitor names(os(), resolver());
-    os() << "POA_";
-    resolver().output_fully_scoped_name_with_visitor(os(), i, &names, "_");
-    os() << "_tie";
+    printer().raw("$tie$", {{"tie", tie_name(i)}});
 }
 
+// The braces and the access labels of the class start in the first column
+// (fixed); the members are one level deeper than the class.
 void VE_POA_TIE_HH_Interface::output_tie(AST_Interface* i)
 {
-    at_indent() << "template<class _YV_Cxx_T_>\n";
-    at_indent() << "class ";
+    CxxPrinter p = printer();
+    p.print("template<class _YV_Cxx_T_>\nclass ");
     output_tie_name(i);
-    os() << " :\n";
-    indent().increment();
-    at_indent() << "public virtual " << POA_OutputVisitor::skeleton_scoped_name(resolver(), i, "::") << ",\n";
-    for (AST_Interface* base : i->inherits())
-        at_indent() << "public virtual " << POA_OutputVisitor::skeleton_scoped_name(resolver(), base, "_")
-                    << "_tie<_YV_Cxx_T_>,\n";
-    at_indent() << "public virtual YV_POA_TieBase<_YV_Cxx_T_>\n";
-    indent().decrement();
-    os() << "{\n";
-
-    os() << "  public:\n";
-    indent().increment();
-    output_ctors(i);
-    indent().decrement();
-
-    os() << "  public:\n";
-    indent().increment();
-    output_methods(i);
-    indent().decrement();
-
-    os() << "\n  private:\n";
-    indent().increment();
-    output_private(i);
-    indent().decrement();
-
-    os() << "};\n\n";
-}
-
-void VE_POA_TIE_HH_Interface::output_ctor(AST_Interface* i, std::initializer_list<const char*> params,
-                                          const char* base_args)
-{
-    at_indent();
-    output_tie_name(i);
-    os() << "(\n";
-    indent().increment();
-    for (const char* p : params)
-        at_indent() << p << "\n";
-    indent().decrement();
-    at_indent() << ") : YV_POA_TieBase<_YV_Cxx_T_>(" << base_args << ") {}\n\n";
+    p.print(" :\n");
+    {
+        auto bases = p.deeper();
+        p.print("public virtual $skeleton$,\n", {{"skeleton", POA_OutputVisitor::skeleton_scoped_name(resolver(), i, "::")}});
+        for (AST_Interface* base : i->inherits())
+            p.print("public virtual $base$_tie<_YV_Cxx_T_>,\n",
+                    {{"base", POA_OutputVisitor::skeleton_scoped_name(resolver(), base, "_")}});
+        p.print("public virtual YV_POA_TieBase<_YV_Cxx_T_>\n");
+    }
+    p.raw("{\n");
+    auto section = [&p](std::string_view label, auto members) {
+        p.raw(label);
+        auto deeper = p.deeper();
+        members();
+    };
+    section("  public:\n", [&] { output_ctors(i); });
+    section("  public:\n", [&] { output_methods(i); });
+    section("\n  private:\n", [&] { output_private(i); });
+    p.raw("};\n\n");
 }
 
 void VE_POA_TIE_HH_Interface::output_ctors(AST_Interface* i)
 {
-    output_ctor(i, {"_YV_Cxx_T_& t"}, "t");
-    output_ctor(i, {"_YV_Cxx_T_& t,", "PortableServer::POA_ptr poa"}, "t, poa");
-    output_ctor(i, {"_YV_Cxx_T_* tp,", "CORBA::Boolean release = 1"}, "tp, release");
-    output_ctor(i, {"_YV_Cxx_T_* tp,", "PortableServer::POA_ptr poa,", "CORBA::Boolean release = 1"},
-                "tp, poa, release");
+    const std::string tie = tie_name(i);
+    const CxxPrinter::Vars vars = {{"tie", tie}};
+    CxxPrinter p = printer();
+    auto ctor = [&](std::string_view params, std::string_view base_args) {
+        p.print("$tie$(\n", vars);
+        {
+            auto deeper = p.deeper();
+            p.print(params);
+        }
+        p.print(") : YV_POA_TieBase<_YV_Cxx_T_>($args$) {}\n\n", {{"args", base_args}});
+    };
+    ctor("_YV_Cxx_T_& t\n", "t");
+    ctor("_YV_Cxx_T_& t,\nPortableServer::POA_ptr poa\n", "t, poa");
+    ctor("_YV_Cxx_T_* tp,\nCORBA::Boolean release = 1\n", "tp, release");
+    ctor("_YV_Cxx_T_* tp,\nPortableServer::POA_ptr poa,\nCORBA::Boolean release = 1\n", "tp, poa, release");
+    p.print("~$tie$()\n{\n}\n\n", vars);
 
-    at_indent() << "~";
-    output_tie_name(i);
-    os() << "()\n";
-    at_indent() << "{\n";
-    at_indent() << "}\n\n";
-
-    indent().decrement();
-    at_indent() << "  protected:\n";
-    indent().increment();
-    at_indent();
-    output_tie_name(i);
-    os() << "() {}\n\n";
+    // The label stands at the class's level.
+    p.outdent();
+    p.print("  protected:\n");
+    p.indent();
+    p.print("$tie$() {}\n\n", vars);
 }
 
+// Declared and never defined: a TIE object is neither copied nor assigned.
 void VE_POA_TIE_HH_Interface::output_private(AST_Interface* i)
 {
-    at_indent();
-    output_tie_name(i);
-    os() << "(const ";
-    output_tie_name(i);
-    os() << "<_YV_Cxx_T_>&);\n";
-
-    at_indent();
-    output_tie_name(i);
-    os() << "<_YV_Cxx_T_>& operator=(const ";
-    output_tie_name(i);
-    os() << "<_YV_Cxx_T_>&);\n";
+    printer().print("$tie$(const $tie$<_YV_Cxx_T_>&);\n"
+                    "$tie$<_YV_Cxx_T_>& operator=(const $tie$<_YV_Cxx_T_>&);\n",
+                    {{"tie", tie_name(i)}});
 }
 
 void VE_POA_TIE_HH_Interface::output_methods(AST_Interface* i)
 {
-    UTL_FilterList members;
-    members.insertFilter(AST_Decl::NT_op);
-    members.insertFilter(AST_Decl::NT_attr);
-    for (UTL_InclusiveFilteredScopeActiveIterator it(i, UTL_Scope::IK_decls, members); !it.is_done(); it.next()) {
-        if (AST_Operation* op = AST_Operation::narrow_from_decl(it.item()))
+    for (AST_Decl* d : UTL_InclusiveFilteredScopeActiveIterator::decls_of(i, {AST_Decl::NT_op, AST_Decl::NT_attr})) {
+        if (AST_Operation* op = AST_Operation::narrow_from_decl(d))
             output_operation(op);
-        else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(it.item()))
+        else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(d))
             output_attribute(a);
     }
 }
 
-void VE_POA_TIE_HH_Interface::output_forwarding_body(const std::string& statement)
+// The declaration has no line end of its own; the body follows on the next
+// line. `tail` ends the body: an operation's adds no empty line.
+void VE_POA_TIE_HH_Interface::output_forwarding_body(std::string_view call, CxxPrinter::Vars vars, std::string_view tail)
 {
-    at_indent() << "{\n";
-    indent().increment();
-    at_indent() << statement << "\n";
-    indent().decrement();
-    at_indent() << "}\n";
+    CxxPrinter p = printer();
+    p.print("\n");
+    {
+        auto body = p.block();
+        p.print(call, vars);
+    }
+    p.print(tail);
 }
 
 void VE_POA_TIE_HH_Interface::output_operation(AST_Operation* op)
 {
-    POA_RootScope fully_scoped(visitor());
-    VE_HH_OpDecl(visitor(), nullptr, nullptr, nullptr, 1, 1, "%s").visit(op);
-    os() << "\n";
-
-    UTL_FilterList arguments;
-    arguments.insertFilter(AST_Decl::NT_argument);
-    std::vector<AST_Decl*> args;
-    for (UTL_InclusiveFilteredScopeActiveIterator it(op, UTL_Scope::IK_decls, arguments); !it.is_done(); it.next())
-        args.push_back(it.item());
-
-    std::ostringstream call;
-    call << (returns_void(op) ? "" : "return ") << TIED << resolver().local_name(op) << "(";
-    for (std::size_t n = 0; n < args.size(); ++n)
-        call << (n ? ", " : "") << resolver().local_name(args[n]);
-    call << ");";
-    output_forwarding_body(call.str());
+    {
+        POA_RootScope fully_scoped(visitor());
+        VE_HH_OpDecl(visitor(), nullptr, nullptr, nullptr, 1, 1, "%s").visit(op);
+    }
+    std::string args;
+    for (AST_Decl* arg : UTL_InclusiveFilteredScopeActiveIterator::decls_of(op, {AST_Decl::NT_argument}))
+        args += (args.empty() ? "" : ", ") + resolver().local_name(arg);
+    output_forwarding_body("$return$YV_POA_TieBase<_YV_Cxx_T_>::_yv_m_ptr->$op$($args$);\n",
+                           {{"return", returns_void(op) ? "" : "return "}, {"op", resolver().local_name(op)}, {"args", args}},
+                           "");
 }
 
 void VE_POA_TIE_HH_Interface::output_attribute(AST_Attribute* a)
@@ -186,10 +165,8 @@ void VE_POA_TIE_HH_Interface::output_attr_get(AST_Attribute* a)
         POA_RootScope fully_scoped(visitor());
         VE_HH_AttrDecl(visitor(), nullptr, nullptr, nullptr, 1, 1, "_yvvar_%s").output_get(a);
     }
-    os() << "\n";
-    const std::string name = resolver().local_name(a);
-    output_forwarding_body("return " + std::string(TIED) + name + "();");
-    os() << "\n";
+    output_forwarding_body("return YV_POA_TieBase<_YV_Cxx_T_>::_yv_m_ptr->$attr$();\n", {{"attr", resolver().local_name(a)}},
+                           "\n");
 }
 
 void VE_POA_TIE_HH_Interface::output_attr_set(AST_Attribute* a)
@@ -198,8 +175,6 @@ void VE_POA_TIE_HH_Interface::output_attr_set(AST_Attribute* a)
         POA_RootScope fully_scoped(visitor());
         VE_HH_AttrDecl(visitor(), nullptr, nullptr, nullptr, 1, 1, "_yvvar_%s").output_set(a);
     }
-    os() << "\n";
-    const std::string name = resolver().local_name(a);
-    output_forwarding_body(std::string(TIED) + name + "(_yvvar_" + name + ");");
-    os() << "\n";
+    output_forwarding_body("YV_POA_TieBase<_YV_Cxx_T_>::_yv_m_ptr->$attr$(_yvvar_$attr$);\n",
+                           {{"attr", resolver().local_name(a)}}, "\n");
 }

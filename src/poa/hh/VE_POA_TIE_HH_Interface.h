@@ -7,8 +7,8 @@
 
 #include "VE_Cxx.h"
 
-#include <initializer_list>
 #include <string>
+#include <string_view>
 
 class AST_Attribute;
 class AST_Interface;
@@ -31,11 +31,11 @@ protected:
     virtual void output_attr_get(AST_Attribute* a);
 
 private:
-    // <TIE name>( / parameters one level deeper /
-    // ") : YV_POA_TieBase<_YV_Cxx_T_>(<base_args>) {}" / an empty line.
-    void output_ctor(AST_Interface* i, std::initializer_list<const char*> params, const char* base_args);
-    // "{" / one level deeper: <statement> / "}".
-    void output_forwarding_body(const std::string& statement);
+    // POA_<scoped name joined by "_">_tie, the name output_tie_name writes.
+    std::string tie_name(AST_Interface* i);
+    // The end of the declaration's line, "{" / one level deeper: `call` /
+    // "}", then `tail`.
+    void output_forwarding_body(std::string_view call, CxxPrinter::Vars vars, std::string_view tail);
 };
 
 #endif

@@ -14,10 +14,7 @@ long VE_POA_TIE_HH_Module::visit(AST_Decl* d)
 
 void VE_POA_TIE_HH_Module::iterateScope(UTL_Scope* s)
 {
-    UTL_FilterList kinds;
-    kinds.insertFilter(AST_Decl::NT_module);
-    kinds.insertFilter(AST_Decl::NT_interface);
-    kinds.insertFilter(AST_Decl::NT_cbe_specific);
-    for (UTL_InclusiveFilteredScopeActiveIterator it(s, UTL_Scope::IK_decls, kinds); !it.is_done(); it.next())
-        it.item()->accept(visitor());
+    for (AST_Decl* d : UTL_InclusiveFilteredScopeActiveIterator::decls_of(
+             s, {AST_Decl::NT_module, AST_Decl::NT_interface, AST_Decl::NT_cbe_specific}))
+        d->accept(visitor());
 }

@@ -14,11 +14,8 @@ long VE_POA_TIE_HH_Root::visit(AST_Decl* d)
 
 void VE_POA_TIE_HH_Root::iterateScope(UTL_Scope* s)
 {
-    UTL_FilterList kinds;
-    kinds.insertFilter(AST_Decl::NT_module);
-    kinds.insertFilter(AST_Decl::NT_interface);
     // Interfaces of included files get no TIE class.
-    for (UTL_InclusiveFilteredScopeActiveIterator it(s, UTL_Scope::IK_decls, kinds); !it.is_done(); it.next())
-        if (it.item()->in_main_file())
-            it.item()->accept(visitor());
+    for (AST_Decl* d : UTL_InclusiveFilteredScopeActiveIterator::decls_of(s, {AST_Decl::NT_module, AST_Decl::NT_interface}))
+        if (d->in_main_file())
+            d->accept(visitor());
 }

@@ -6,16 +6,24 @@
 // and attribute accessor. With AMI callbacks on, the skeleton of the
 // interface's reply handler follows, written by the same emitter.
 //
+// The class is written in parts: the walk, the standard members and the
+// narrowing here; the dispatch functions in VE_POA_Impl_Interface_Dispatch
+// (frame and colocated bodies) and VE_POA_Impl_Interface_Remote
+// (request-based bodies); the lookup function and its table with the
+// operation dictionary, in opdict/VE_POA_Impl_Interface_Table.
+//
 // Every step is virtual and called through the virtual table, so a derived
 // emitter can replace any single one.
 #ifndef VE_POA_IMPL_INTERFACE_H
 #define VE_POA_IMPL_INTERFACE_H
 
 #include "AST_Argument.h"
+#include "CxxPrinter.h"
 #include "IDL_OpDict.h"
 #include "VE_Client_Interface.h"
 
 #include <string>
+#include <string_view>
 
 class AST_Attribute;
 class AST_Interface;
@@ -95,22 +103,21 @@ protected:
 
 private:
     // Shared shapes of the generated text.
-    // Writes the indentation `extra` levels above the current one.
-    std::ostream& at_indent_plus(int extra) const;
-    // "{" at the current level, then one level deeper.
-    void open_block() const;
-    // One level back, then `closing` ("}" or "};") at that level.
-    void close_block(const char* closing = "}") const;
-    // "catch (<caught>)" with a block holding `action`.
-    void output_handler(const std::string& caught, const char* action) const;
-    // "<status> = CORBA::COMPLETED_<word>;"
-    void output_status(const char* word) const;
+    // A definition's head as the skeleton members write it: `head` (the
+    // result line and "<name>(") unindented, `params` one level deeper,
+    // ")" and "{" unindented.
+    static void definition_head(CxxPrinter& p, std::string_view head, std::string_view params, CxxPrinter::Vars vars);
     // The "void" line and the name line that open a dispatch function.
     void output_dispatch_head(AST_Decl* d, const char* accessor);
     // The result's streamable pointer of a colocated body (no null test).
     void output_result_streamable(AST_Type* t);
-    // "else", "{" and the request's ORB: how every request-based body begins.
+    // "else", "{" and the request's ORB: how every request-based body
+    // begins; output_dispatch_remote_set_result closes the block.
     void output_remote_open();
+    // "<result> = <servant>-><operation>(<arguments>);" for an operation,
+    // the arguments named as the colocated body's temporaries or as the
+    // request-based body's variables, between the two completion states.
+    void output_operation_call(AST_Operation* op, bool temporaries);
 
     POA_SkeletonNames names() const;
     // The dispatch function of an operation (accessor "") or of an

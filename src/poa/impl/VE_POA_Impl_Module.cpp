@@ -24,6 +24,6 @@ void VE_POA_Impl_Module::iterateScope(UTL_Scope* s)
     VIS_POA_Impl_Factory* factory = VIS_POA_Impl_Factory::find_factory(gen->visitorFF());
     // The factory hands the new visitor over; it lives for this module only.
     std::unique_ptr<VIS_POA_Impl> inner(factory->create_VIS_POA_Impl(os(), indent().get_indent(), s, generator()));
-    for (UTL_InclusiveFilteredScopeActiveIterator it(s, UTL_Scope::IK_decls, VE_POA_Impl_Root::scope_filter()); !it.is_done(); it.next())
-        it.item()->accept(inner.get());
+    for (AST_Decl* d : UTL_InclusiveFilteredScopeActiveIterator::decls_of(s, VE_POA_Impl_Root::scope_filter()))
+        d->accept(inner.get());
 }

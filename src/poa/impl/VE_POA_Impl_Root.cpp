@@ -5,12 +5,7 @@
 
 UTL_FilterList VE_POA_Impl_Root::scope_filter()
 {
-    UTL_FilterList filter;
-    filter.insertFilter(AST_Decl::NT_module);
-    filter.insertFilter(AST_Decl::NT_interface);
-    filter.insertFilter(AST_Decl::NT_value);
-    filter.insertFilter(AST_Decl::NT_cbe_specific);
-    return filter;
+    return {AST_Decl::NT_module, AST_Decl::NT_interface, AST_Decl::NT_value, AST_Decl::NT_cbe_specific};
 }
 
 long VE_POA_Impl_Root::visit(AST_Decl* d)
@@ -26,8 +21,7 @@ long VE_POA_Impl_Root::visit(AST_Decl* d)
 // module of the main file everything is visited.
 void VE_POA_Impl_Root::iterateScope(UTL_Scope* s)
 {
-    for (UTL_InclusiveFilteredScopeActiveIterator it(s, UTL_Scope::IK_decls, scope_filter()); !it.is_done(); it.next()) {
-        if (it.item()->in_main_file())
-            it.item()->accept(visitor());
-    }
+    for (AST_Decl* d : UTL_InclusiveFilteredScopeActiveIterator::decls_of(s, scope_filter()))
+        if (d->in_main_file())
+            d->accept(visitor());
 }

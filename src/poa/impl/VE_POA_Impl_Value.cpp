@@ -18,5 +18,6 @@ long VE_POA_Impl_Value::visit(AST_Decl* d)
 void VE_POA_Impl_Value::output_poa_impl(AST_Value* v)
 {
     const POA_SkeletonNames names(resolver());
-    os() << names.scoped(v) << "::~" << names.own(v) << "() {}\n\n";
+    // The definition starts in the first column (fixed).
+    printer().raw("$skeleton$::~$own$() {}\n\n", {{"skeleton", names.scoped(v)}, {"own", names.own(v)}});
 }

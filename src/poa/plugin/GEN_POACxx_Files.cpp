@@ -3,7 +3,9 @@
 // walks that write the declarations.
 #include "GEN_POACxx.h"
 
+#include "CxxPrinter.h"
 #include "IDL_GlobalData.h"
+#include "UTL_Indent.h"
 #include "VIS_POA_HH.h"
 #include "VIS_POA_HH_Factory.h"
 #include "VIS_POA_Impl.h"
@@ -34,10 +36,12 @@ void GEN_POACxx::open_or_exit(YV_OutputFile& out, const YV_String& path, const c
 
 void GEN_POACxx::output_own_include(std::ostream& os, const YV_String& file) const
 {
+    UTL_Indent top;
+    CxxPrinter p(os, top);
     if (m_include_prefix.empty())
-        os << "#include \"" << file << "\"\n";
+        p.print("#include \"$file$\"\n", {{"file", file.str()}});
     else
-        os << "#include <" << m_include_prefix << "/" << file << ">\n";
+        p.print("#include <$prefix$/$file$>\n", {{"prefix", m_include_prefix.str()}, {"file", file.str()}});
 }
 
 void GEN_POACxx::setFileStrings()
@@ -98,9 +102,9 @@ void GEN_POACxx::generate_impl()
     output_copyright(out);
     out << "\n";
     output_own_include(out, header);
-    out << "#include <zantic_sys/tc_pod_structs.h>\n";
-    out << "#include <zantic_sys/nmval.h>\n";
-    out << "\n";
+    out << "#include <zantic_sys/tc_pod_structs.h>\n"
+           "#include <zantic_sys/nmval.h>\n"
+           "\n";
 
     AST_Root* root = global_data()->root();
     // The factory hands the visitor over; it is deleted after the walk.
@@ -120,18 +124,16 @@ void GEN_POACxx::generate_impl()
 
 void GEN_POACxx::outputIncludes(std::ostream& os)
 {
+    UTL_Indent top;
+    CxxPrinter p(os, top);
     const YV_String guard = make_legal_alpha_numeric_var(m_base_name);
-    os << "#ifndef _YV_GUARD_" << guard << "S_HH_\n";
-    os << "#define _YV_GUARD_" << guard << "S_HH_\n\n";
+    p.print("#ifndef _YV_GUARD_$guard$S_HH_\n#define _YV_GUARD_$guard$S_HH_\n\n", {{"guard", guard.str()}});
     output_copyright(os);
-    if (m_tie)
-        os << "#include <zantic_sys/poa_tie_base.h>\n";
-    else
-        os << "#include <omg/PortableServer.hh>\n";
-    os << "#include <zantic_sys/yvcxx.h>\n";
-    os << "#include <zantic_sys/yvstatichash.h>\n";
+    p.print(m_tie ? "#include <zantic_sys/poa_tie_base.h>\n" : "#include <omg/PortableServer.hh>\n");
+    p.print("#include <zantic_sys/yvcxx.h>\n"
+            "#include <zantic_sys/yvstatichash.h>\n");
     if (ami_messaging_on() || ami_polling_on())
-        os << "#include <omg/MessagingS.hh>\n";
+        p.print("#include <omg/MessagingS.hh>\n");
     outputIncludedIDL(os);
 
     if (!m_client_header_ext.contains("."))
@@ -176,12 +178,14 @@ void GEN_POACxx::outputDeclSpec(std::ostream& os)
     m_declspec = m_declspec_name;
 
     const YV_String& m = m_declspec;
-    os << "\n\n";
-    os << "#if !defined(" << m << ")\n";
-    os << "#if defined(" << m << "_EXPORT)\n";
-    os << "#define " << m << " YV_DECLSPEC_EXPORT\n";
-    os << "#else\n";
-    os << "#define " << m << " YV_DECLSPEC_IMPORT\n";
-    os << "#endif\n";
-    os << "#endif\n\n";
+    UTL_Indent top;
+    CxxPrinter(os, top).print("\n\n"
+                              "#if !defined($m$)\n"
+                              "#if defined($m$_EXPORT)\n"
+                              "#define $m$ YV_DECLSPEC_EXPORT\n"
+                              "#else\n"
+                              "#define $m$ YV_DECLSPEC_IMPORT\n"
+                              "#endif\n"
+                              "#endif\n\n",
+                              {{"m", m.str()}});
 }
