@@ -17,27 +17,13 @@ public:
     // bases Visitor_i and VIS_Cxx.
     VIS_CxxTypeVisitor() = default;
 
-    long visit_AST_Interface(AST_Interface* n) override;
-    long visit_AST_InterfaceFwd(AST_InterfaceFwd* n) override;
-    long visit_AST_AbstractInterface(AST_Interface* n) override;
-    long visit_AST_Value(AST_Value* n) override;
-    long visit_AST_ValueFwd(AST_ValueFwd* n) override;
-    long visit_AST_ValueBox(AST_ValueBox* n) override;
-    long visit_AST_Structure(AST_Structure* n) override;
-    long visit_AST_StructFwd(AST_StructFwd* n) override;
-    long visit_AST_Union(AST_Union* n) override;
-    long visit_AST_UnionFwd(AST_UnionFwd* n) override;
-    long visit_AST_Enum(AST_Enum* n) override;
-    long visit_AST_Exception(AST_Exception* n) override;
-    long visit_AST_String(AST_String* n) override;
-    long visit_AST_Array(AST_Array* n) override;
-    long visit_AST_Sequence(AST_Sequence* n) override;
-    long visit_AST_Typedef(AST_Typedef* n) override;
-    long visit_AST_PredefinedType(AST_PredefinedType* n) override;
-    long visit_AST_Object(AST_Object* n) override;
-    long visit_AST_ValueBase(AST_ValueBase* n) override;
-    long visit_AST_Native(AST_Native* n) override;
-    long visit_AST_Fixed(AST_Fixed* n) override;
+    // One visit per node kind that names a type.
+#define YV_TYPE_VISIT_1(Name, Class) long visit_AST_##Name(Class* n) override;
+#define YV_TYPE_VISIT_0(Name, Class)
+#define YV_VISITOR_NODE(Name, Class, key, IsType, Accepts) YV_TYPE_VISIT_##IsType(Name, Class)
+#include "Visitor_Nodes.def"
+#undef YV_TYPE_VISIT_1
+#undef YV_TYPE_VISIT_0
 
 protected:
     // Writes the visitor's text for type `t`; answers 1.

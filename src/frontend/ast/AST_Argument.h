@@ -20,7 +20,7 @@ public:
     static AST_Argument* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_argument ? static_cast<AST_Argument*>(d) : nullptr; }
 
     Direction direction() const { return m_direction; }
-    long accept(Visitor* v) override { return v->visit_AST_Argument(this); }
+    long accept(Visitor* v) override;
 
 private:
     Direction m_direction;

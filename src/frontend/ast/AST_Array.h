@@ -4,7 +4,6 @@
 #define AST_ARRAY_H
 
 #include "AST_Type.h"
-#include "Visitor.h"
 
 #include <vector>
 
@@ -17,7 +16,7 @@ public:
     static AST_Array* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_array ? static_cast<AST_Array*>(d) : nullptr; }
     AST_Type* base_type() const { return m_base; }
     const std::vector<unsigned long>& dims() const { return m_dims; }
-    long accept(Visitor* v) override { return v->visit_AST_Array(this); }
+    long accept(Visitor* v) override;
 
 private:
     AST_Type* m_base;

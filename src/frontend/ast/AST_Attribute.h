@@ -18,7 +18,7 @@ public:
     long readonly() const { return m_readonly; }
     UTL_ExceptList* get_exceptions() { return &m_get_raises; }
     UTL_ExceptList* set_exceptions() { return &m_set_raises; }
-    long accept(Visitor* v) override { return v->visit_AST_Attribute(this); }
+    long accept(Visitor* v) override;
 
 private:
     bool m_readonly;

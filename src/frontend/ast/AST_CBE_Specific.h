@@ -4,7 +4,6 @@
 
 #include "AST_Decl.h"
 #include "UTL_String.h"
-#include "Visitor.h"
 
 #include <string>
 
@@ -20,7 +19,7 @@ public:
     const char* cbe_ident() const { return m_ident.c_str(); }
     // The block's text, each line with its line end.
     UTL_String* cbe_specific_string() { return &m_text; }
-    long accept(Visitor* v) override { return v->visit_AST_CBE_Specific(this); }
+    long accept(Visitor* v) override;
 
 private:
     std::string m_ident;

@@ -5,7 +5,6 @@
 #include "AST_Decl.h"
 #include "AST_Expression.h"
 #include "AST_Type.h"
-#include "Visitor.h"
 
 class AST_Constant : public AST_Decl {
 public:
@@ -18,7 +17,7 @@ public:
     // The type as written (a typedef is not looked through).
     AST_Type* constant_type() const { return m_type; }
     const AST_Expression& constant_value() const { return m_value; }
-    long accept(Visitor* v) override { return v->visit_AST_Constant(this); }
+    long accept(Visitor* v) override;
 
 private:
     AST_Type* m_type;

@@ -4,7 +4,6 @@
 
 #include "AST_Type.h"
 #include "UTL_Scope.h"
-#include "Visitor.h"
 
 #include <vector>
 
@@ -17,7 +16,7 @@ public:
     std::vector<AST_EnumVal*> enumerators() const;
     AST_Decl* scope_as_decl() override { return this; }
     UTL_Scope* as_scope() override { return this; }
-    long accept(Visitor* v) override { return v->visit_AST_Enum(this); }
+    long accept(Visitor* v) override;
 };
 
 #endif

@@ -5,7 +5,6 @@
 #include "AST_Decl.h"
 #include "UTL_ExceptList.h"
 #include "UTL_Scope.h"
-#include "Visitor.h"
 
 class AST_Factory : public AST_Decl, public UTL_Scope {
 public:
@@ -14,7 +13,7 @@ public:
     UTL_ExceptList* exceptions() { return &m_raises; }
     AST_Decl* scope_as_decl() override { return this; }
     UTL_Scope* as_scope() override { return this; }
-    long accept(Visitor* v) override { return v->visit_AST_Factory(this); }
+    long accept(Visitor* v) override;
 
 private:
     UTL_ExceptList m_raises;

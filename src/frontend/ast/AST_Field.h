@@ -6,7 +6,6 @@
 
 #include "AST_Decl.h"
 #include "AST_Type.h"
-#include "Visitor.h"
 
 class AST_Field : public AST_Decl {
 public:
@@ -14,7 +13,7 @@ public:
     static AST_Field* narrow_from_decl(AST_Decl* d) { return d && (d->node_type() == NT_field || d->node_type() == NT_argument || d->node_type() == NT_attr || d->node_type() == NT_union_branch || d->node_type() == NT_state_member) ? static_cast<AST_Field*>(d) : nullptr; }
 
     AST_Type* field_type() const { return m_type; }
-    long accept(Visitor* v) override { return v->visit_AST_Field(this); }
+    long accept(Visitor* v) override;
 
 protected:
     AST_Field(NodeType kind, AST_Type* type, Identifier name) : AST_Decl(kind, std::move(name)), m_type(type) {}

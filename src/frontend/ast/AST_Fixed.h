@@ -3,7 +3,6 @@
 #define AST_FIXED_H
 
 #include "AST_Type.h"
-#include "Visitor.h"
 
 class AST_Fixed : public AST_Type {
 public:
@@ -11,7 +10,7 @@ public:
     static AST_Fixed* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_fixed ? static_cast<AST_Fixed*>(d) : nullptr; }
     unsigned digits() const { return m_digits; }
     unsigned scale() const { return m_scale; }
-    long accept(Visitor* v) override { return v->visit_AST_Fixed(this); }
+    long accept(Visitor* v) override;
 
 private:
     unsigned m_digits;

@@ -6,7 +6,6 @@
 
 #include "AST_Type.h"
 #include "UTL_Scope.h"
-#include "Visitor.h"
 
 #include <vector>
 
@@ -36,10 +35,7 @@ public:
 
     AST_Decl* scope_as_decl() override { return this; }
     UTL_Scope* as_scope() override { return this; }
-    long accept(Visitor* v) override
-    {
-        return m_abstract ? v->visit_AST_AbstractInterface(this) : v->visit_AST_Interface(this);
-    }
+    long accept(Visitor* v) override;
 
 private:
     bool m_abstract;

@@ -12,7 +12,7 @@ public:
     // The interface the declaration announces (not yet defined while
     // is_defined() of it is false).
     AST_Interface* full_definition() const { return m_full; }
-    long accept(Visitor* v) override { return v->visit_AST_InterfaceFwd(this); }
+    long accept(Visitor* v) override;
 
 private:
     AST_Interface* m_full;

@@ -5,7 +5,6 @@
 
 #include "AST_Decl.h"
 #include "UTL_Scope.h"
-#include "Visitor.h"
 
 class AST_Module : public AST_Decl, public UTL_Scope {
 public:
@@ -23,7 +22,7 @@ public:
 
     AST_Decl* scope_as_decl() override { return this; }
     UTL_Scope* as_scope() override { return this; }
-    long accept(Visitor* v) override { return v->visit_AST_Module(this); }
+    long accept(Visitor* v) override;
 
 protected:
     AST_Module(NodeType type, Identifier name) : AST_Decl(type, std::move(name)) {}

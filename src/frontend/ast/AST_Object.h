@@ -3,13 +3,12 @@
 #define AST_OBJECT_H
 
 #include "AST_Type.h"
-#include "Visitor.h"
 
 class AST_Object : public AST_Type {
 public:
     AST_Object() : AST_Type(NT_object, Identifier("Object")) {}
     static AST_Object* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_object ? static_cast<AST_Object*>(d) : nullptr; }
-    long accept(Visitor* v) override { return v->visit_AST_Object(this); }
+    long accept(Visitor* v) override;
 };
 
 #endif

@@ -7,7 +7,6 @@
 #include "UTL_ExceptList.h"
 #include "UTL_Scope.h"
 #include "UTL_StrList.h"
-#include "Visitor.h"
 
 class AST_Operation : public AST_Decl, public UTL_Scope {
 public:
@@ -30,7 +29,7 @@ public:
 
     AST_Decl* scope_as_decl() override { return this; }
     UTL_Scope* as_scope() override { return this; }
-    long accept(Visitor* v) override { return v->visit_AST_Operation(this); }
+    long accept(Visitor* v) override;
 
 private:
     AST_Type* m_return_type;

@@ -3,7 +3,6 @@
 #define AST_PREDEFINEDTYPE_H
 
 #include "AST_Type.h"
-#include "Visitor.h"
 
 class AST_PredefinedType : public AST_Type {
 public:
@@ -32,7 +31,7 @@ public:
     static AST_PredefinedType* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_pre_defined ? static_cast<AST_PredefinedType*>(d) : nullptr; }
 
     PredefinedType pt() const { return m_pt; }
-    long accept(Visitor* v) override { return v->visit_AST_PredefinedType(this); }
+    long accept(Visitor* v) override;
 
 private:
     PredefinedType m_pt;

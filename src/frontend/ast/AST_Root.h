@@ -8,7 +8,7 @@ class AST_Root : public AST_Module {
 public:
     AST_Root() : AST_Module(NT_root, Identifier("")) {}
     static AST_Root* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_root ? static_cast<AST_Root*>(d) : nullptr; }
-    long accept(Visitor* v) override { return v->visit_AST_Root(this); }
+    long accept(Visitor* v) override;
 };
 
 #endif

@@ -4,7 +4,6 @@
 #define AST_SEQUENCE_H
 
 #include "AST_Type.h"
-#include "Visitor.h"
 
 class AST_Sequence : public AST_Type {
 public:
@@ -19,7 +18,7 @@ public:
     // defined where the sequence is written (a recursive sequence).
     bool is_recursive() const { return m_recursive; }
     void set_recursive(bool r) { m_recursive = r; }
-    long accept(Visitor* v) override { return v->visit_AST_Sequence(this); }
+    long accept(Visitor* v) override;
 
 private:
     AST_Type* m_base;

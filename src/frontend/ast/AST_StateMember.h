@@ -12,7 +12,7 @@ public:
     }
     static AST_StateMember* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_state_member ? static_cast<AST_StateMember*>(d) : nullptr; }
     long is_public() const { return m_public; }
-    long accept(Visitor* v) override { return v->visit_AST_StateMember(this); }
+    long accept(Visitor* v) override;
 
 private:
     bool m_public;

@@ -4,7 +4,6 @@
 #define AST_STRING_H
 
 #include "AST_Type.h"
-#include "Visitor.h"
 
 class AST_String : public AST_Type {
 public:
@@ -19,7 +18,7 @@ public:
     unsigned long max_size() const { return m_max; }
     // Non-zero for a bounded string written directly in a declaration.
     long anonymous() const { return m_anonymous; }
-    long accept(Visitor* v) override { return v->visit_AST_String(this); }
+    long accept(Visitor* v) override;
 
 private:
     bool m_wide;

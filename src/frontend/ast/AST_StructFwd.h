@@ -9,7 +9,7 @@ public:
     AST_StructFwd(Identifier name, AST_Structure* full) : AST_Type(NT_struct_fwd, std::move(name)), m_full(full) {}
     static AST_StructFwd* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_struct_fwd ? static_cast<AST_StructFwd*>(d) : nullptr; }
     AST_Structure* full_definition() const { return m_full; }
-    long accept(Visitor* v) override { return v->visit_AST_StructFwd(this); }
+    long accept(Visitor* v) override;
 
 private:
     AST_Structure* m_full;

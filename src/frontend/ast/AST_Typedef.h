@@ -3,7 +3,6 @@
 #define AST_TYPEDEF_H
 
 #include "AST_Type.h"
-#include "Visitor.h"
 
 class AST_Typedef : public AST_Type {
 public:
@@ -18,7 +17,7 @@ public:
             t = td->base_type();
         return t;
     }
-    long accept(Visitor* v) override { return v->visit_AST_Typedef(this); }
+    long accept(Visitor* v) override;
 
 private:
     AST_Type* m_base;

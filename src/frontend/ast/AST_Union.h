@@ -5,7 +5,6 @@
 
 #include "AST_Type.h"
 #include "UTL_Scope.h"
-#include "Visitor.h"
 
 #include <vector>
 
@@ -26,7 +25,7 @@ public:
 
     AST_Decl* scope_as_decl() override { return this; }
     UTL_Scope* as_scope() override { return this; }
-    long accept(Visitor* v) override { return v->visit_AST_Union(this); }
+    long accept(Visitor* v) override;
 
 private:
     AST_Type* m_disc;

@@ -15,7 +15,7 @@ public:
     }
     static AST_UnionBranch* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_union_branch ? static_cast<AST_UnionBranch*>(d) : nullptr; }
     const std::vector<AST_UnionLabel>& labels() const { return m_labels; }
-    long accept(Visitor* v) override { return v->visit_AST_UnionBranch(this); }
+    long accept(Visitor* v) override;
 
 private:
     std::vector<AST_UnionLabel> m_labels;

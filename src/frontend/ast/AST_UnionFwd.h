@@ -9,7 +9,7 @@ public:
     AST_UnionFwd(Identifier name, AST_Union* full) : AST_Type(NT_union_fwd, std::move(name)), m_full(full) {}
     static AST_UnionFwd* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_union_fwd ? static_cast<AST_UnionFwd*>(d) : nullptr; }
     AST_Union* full_definition() const { return m_full; }
-    long accept(Visitor* v) override { return v->visit_AST_UnionFwd(this); }
+    long accept(Visitor* v) override;
 
 private:
     AST_Union* m_full;

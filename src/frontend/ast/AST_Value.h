@@ -7,7 +7,6 @@
 #include "AST_Interface.h"
 #include "AST_Type.h"
 #include "UTL_Scope.h"
-#include "Visitor.h"
 
 #include <vector>
 
@@ -54,7 +53,7 @@ public:
 
     AST_Decl* scope_as_decl() override { return this; }
     UTL_Scope* as_scope() override { return this; }
-    long accept(Visitor* v) override { return v->visit_AST_Value(this); }
+    long accept(Visitor* v) override;
 
 private:
     bool m_abstract;

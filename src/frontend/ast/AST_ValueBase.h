@@ -3,13 +3,12 @@
 #define AST_VALUEBASE_H
 
 #include "AST_Type.h"
-#include "Visitor.h"
 
 class AST_ValueBase : public AST_Type {
 public:
     AST_ValueBase() : AST_Type(NT_valuebase, Identifier("ValueBase")) {}
     static AST_ValueBase* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_valuebase ? static_cast<AST_ValueBase*>(d) : nullptr; }
-    long accept(Visitor* v) override { return v->visit_AST_ValueBase(this); }
+    long accept(Visitor* v) override;
 };
 
 #endif

@@ -9,7 +9,7 @@ public:
     AST_ValueFwd(Identifier name, AST_Value* full) : AST_Type(NT_value_fwd, std::move(name)), m_full(full) {}
     static AST_ValueFwd* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_value_fwd ? static_cast<AST_ValueFwd*>(d) : nullptr; }
     AST_Value* full_definition() const { return m_full; }
-    long accept(Visitor* v) override { return v->visit_AST_ValueFwd(this); }
+    long accept(Visitor* v) override;
 
 private:
     AST_Value* m_full;

@@ -1,34 +1,4 @@
 #include "Visitor.h"
 
-const char* const Visitor::rootKey = "root";
-const char* const Visitor::moduleKey = "module";
-const char* const Visitor::interfaceKey = "interface";
-const char* const Visitor::interfaceFwdKey = "interface_fwd";
-const char* const Visitor::valueKey = "value";
-const char* const Visitor::valueFwdKey = "value_fwd";
-const char* const Visitor::valueBoxKey = "value_box";
-const char* const Visitor::CBE_specificKey = "cbe_specific";
-const char* const Visitor::operationKey = "operation";
-const char* const Visitor::attributeKey = "attribute";
-const char* const Visitor::argumentKey = "argument";
-const char* const Visitor::structureKey = "structure";
-const char* const Visitor::structFwdKey = "struct_fwd";
-const char* const Visitor::unionKey = "union";
-const char* const Visitor::unionFwdKey = "union_fwd";
-const char* const Visitor::unionBranchKey = "union_branch";
-const char* const Visitor::fieldKey = "field";
-const char* const Visitor::enumKey = "enum";
-const char* const Visitor::enumValKey = "enum_val";
-const char* const Visitor::constantKey = "constant";
-const char* const Visitor::exceptionKey = "exception";
-const char* const Visitor::stringKey = "string";
-const char* const Visitor::arrayKey = "array";
-const char* const Visitor::sequenceKey = "sequence";
-const char* const Visitor::typedefKey = "typedef";
-const char* const Visitor::predefinedKey = "predefined";
-const char* const Visitor::objectKey = "object";
-const char* const Visitor::valueBaseKey = "value_base";
-const char* const Visitor::nativeKey = "native";
-const char* const Visitor::fixedKey = "fixed";
-const char* const Visitor::factoryKey = "factory";
-const char* const Visitor::stateMemberKey = "state_member";
+#define YV_VISITOR_KEY(key, text) const char* const Visitor::key = text;
+#include "Visitor_Nodes.def"
