@@ -340,8 +340,9 @@ void GEN_CPlusPlus::read_config_file()
         set_options(text->c_str());
 }
 
-void GEN_CPlusPlus::init_factory_finder()
+void GEN_CPlusPlus::add_client_declaration_factories()
 {
+    // The finder takes each factory over and deletes it when it is done.
     VisitorFF* ff = visitorFF();
     ff->add_factory(VIS_Client_DeclareArgs_Typedef_Factory::FFKey, new VIS_Client_DeclareArgs_Typedef_Factory);
     ff->add_factory(VIS_HH_ABC_OpReturn_Typedef_Factory::FFKey, new VIS_HH_ABC_OpReturn_Typedef_Factory);
@@ -353,6 +354,12 @@ void GEN_CPlusPlus::init_factory_finder()
                     new VIS_Client_DeclareFullAsstForTypedef_Factory);
     ff->add_factory(VIS_Client_DeclDispStreamable_Factory::FFKey, new VIS_Client_DeclDispStreamable_Factory);
     ff->add_factory(VIS_Client_DeclareArgs_Factory::FFKey, new VIS_Client_DeclareArgs_Factory);
+}
+
+void GEN_CPlusPlus::init_factory_finder()
+{
+    add_client_declaration_factories();
+    VisitorFF* ff = visitorFF();
     ff->add_factory(VIS_HH_ABC_OperationArg_Factory::FFKey, new VIS_HH_ABC_OperationArg_Factory);
     ff->add_factory(VIS_HH_ABC_OpReturn_Factory::FFKey, new VIS_HH_ABC_OpReturn_Factory);
 }

@@ -51,6 +51,9 @@ public:
     virtual void init_factory_finder();
 
 protected:
+    // Registers the client-side declaration visitors' nine factories, in
+    // the order every generator's finder starts with.
+    void add_client_declaration_factories();
     // Writes `text` to a new file at `path`; a file that cannot be written
     // ends the process with status 99 after a message on the error stream.
     void write_output_file(const YV_String& path, const std::string& text);

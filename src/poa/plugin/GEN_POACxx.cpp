@@ -2,16 +2,7 @@
 
 #include "CPPResolver.h"
 #include "IDL_GlobalData.h"
-#include "VIS_Client_DeclDispStreamable_Factory.h"
-#include "VIS_Client_DeclareArgs_Factory.h"
-#include "VIS_Client_DeclareArgs_Typedef_Factory.h"
-#include "VIS_Client_DeclareAsst_Factory.h"
-#include "VIS_Client_DeclareFullAsstForTypedef_Factory.h"
-#include "VIS_Client_SetTypeCode_Factory.h"
-#include "VIS_Client_TypeCode_Factory.h"
-#include "VIS_HH_ABC_OpArg_Typedef_Factory.h"
 #include "VIS_HH_ABC_OpReturn_Factory.h"
-#include "VIS_HH_ABC_OpReturn_Typedef_Factory.h"
 #include "VIS_HH_ABC_OperationArg_Factory.h"
 #include "VIS_POA_HH_Factory.h"
 #include "VIS_POA_Impl_Factory.h"
@@ -56,18 +47,9 @@ GEN_POACxx* GEN_POACxx::narrow_from_gen(CodeGenerator* gen)
 
 void GEN_POACxx::init_factory_finder()
 {
+    add_client_declaration_factories();
     // The finder takes each factory over and deletes it when it is done.
     VisitorFF* ff = visitorFF();
-    ff->add_factory(VIS_Client_DeclareArgs_Typedef_Factory::FFKey, new VIS_Client_DeclareArgs_Typedef_Factory);
-    ff->add_factory(VIS_HH_ABC_OpReturn_Typedef_Factory::FFKey, new VIS_HH_ABC_OpReturn_Typedef_Factory);
-    ff->add_factory(VIS_HH_ABC_OpArg_Typedef_Factory::FFKey, new VIS_HH_ABC_OpArg_Typedef_Factory);
-    ff->add_factory(VIS_Client_SetTypeCode_Factory::FFKey, new VIS_Client_SetTypeCode_Factory);
-    ff->add_factory(VIS_Client_TypeCode_Factory::FFKey, new VIS_Client_TypeCode_Factory);
-    ff->add_factory(VIS_Client_DeclareAsst_Factory::FFKey, new VIS_Client_DeclareAsst_Factory);
-    ff->add_factory(VIS_Client_DeclareFullAsstForTypedef_Factory::FFKey,
-                    new VIS_Client_DeclareFullAsstForTypedef_Factory);
-    ff->add_factory(VIS_Client_DeclDispStreamable_Factory::FFKey, new VIS_Client_DeclDispStreamable_Factory);
-    ff->add_factory(VIS_Client_DeclareArgs_Factory::FFKey, new VIS_Client_DeclareArgs_Factory);
     ff->add_factory(VIS_POA_HH_Factory::FFKey, new VIS_POA_HH_Factory);
     ff->add_factory(VIS_POA_TIE_HH_Factory::FFKey, new VIS_POA_TIE_HH_Factory);
     ff->add_factory(VIS_POA_Impl_Factory::FFKey, new VIS_POA_Impl_Factory);
