@@ -2,6 +2,7 @@
 #ifndef IDL_FRONTEND_H
 #define IDL_FRONTEND_H
 
+#include "IDL_FrontendOptions.h"
 #include "IDL_GlobalData.h"
 
 #include <iosfwd>
@@ -9,18 +10,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-struct IDL_FrontendOptions {
-    // Directories searched for #include, in order (-I).
-    std::vector<std::string> include_dirs;
-    // Macros defined on the command line (-DNAME or -DNAME=VALUE), in order;
-    // a value-less definition has the value "1".
-    std::vector<std::pair<std::string, std::string>> defines;
-    // Macros undefined on the command line (-U), applied after the defines.
-    std::vector<std::string> undefines;
-    // The compiler's name, for messages and the global data.
-    std::string prog_name = "yvidl";
-};
 
 class IDL_Frontend {
 public:

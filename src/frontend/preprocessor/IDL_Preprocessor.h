@@ -7,7 +7,7 @@
 #ifndef IDL_PREPROCESSOR_H
 #define IDL_PREPROCESSOR_H
 
-#include "IDL_Frontend.h"
+#include "IDL_FrontendOptions.h"
 #include "PP_ExprEvaluator.h"
 #include "PP_FileCache.h"
 #include "PP_GuardDetector.h"
