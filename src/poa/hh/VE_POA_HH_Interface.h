@@ -12,6 +12,8 @@ class AST_Attribute;
 class AST_Interface;
 class AST_Operation;
 
+// The class and its virtual steps are named as the plug-in's published
+// interface has them; the private helpers are ours (docs/fixed-and-ours.md).
 class VE_POA_HH_Interface : public virtual VE_Cxx {
 public:
     // An operation or attribute involving a native type cannot get a

@@ -14,6 +14,8 @@ class AST_Attribute;
 class AST_Interface;
 class AST_Operation;
 
+// The class and its virtual steps are named as the plug-in's published
+// interface has them; the private helpers are ours (docs/fixed-and-ours.md).
 class VE_POA_TIE_HH_Interface : public virtual VE_Cxx {
 public:
     explicit VE_POA_TIE_HH_Interface(VIS_Cxx* v) : VE_Cxx(v) {}

@@ -31,6 +31,8 @@ class AST_Operation;
 class AST_Type;
 class POA_SkeletonNames;
 
+// The class and its virtual steps are named as the plug-in's published
+// interface has them; the private helpers are ours (docs/fixed-and-ours.md).
 class VE_POA_Impl_Interface : public virtual VE_Client_Interface {
 public:
     explicit VE_POA_Impl_Interface(VIS_Cxx* v);
