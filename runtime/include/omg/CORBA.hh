@@ -26,6 +26,7 @@
 #include "../zantic_sys/YV_Cxx/Ref_out.h"
 #include "../zantic_sys/YV_Cxx/Ref_var.h"
 #include "../zantic_sys/YV_Cxx/Sequence.h"
+#include "../zantic_sys/YV_Cxx/TypeCodeMarshal.h"
 #include "../zantic_sys/YV_Cxx/Var_out.h"
 #include "../zantic_sys/YV_Cxx/Var_var.h"
 #include "../zantic_sys/YV_Cxx/array_functions.h"

@@ -2,6 +2,8 @@
 
 #include "../YV_TC/EncodedValue.h"
 #include "../YV_TC/TypeCodeGraph.h"
+#include "../YV_TC/ValueComparer.h"
+#include "../YV_TC/ValueTranscoder.h"
 #include "omg/CORBA.hh"
 #include "zantic_sys/CORBA/Fixed.h"
 #include "zantic_sys/CORBA/Object.h"
@@ -267,28 +269,62 @@ void Any::yv_keep(std::unique_ptr<YV_Streamable> s)
     m_encoded.reset();
 }
 
+YV_CDR::InputStream Any::yv_value_stream(YV_CDR::OutputStream& scratch) const
+{
+    if (m_encoded != nullptr)
+        return m_encoded->stream();
+    yv_write_value(scratch);
+    YV_CDR::InputStream in(scratch.data(), scratch.size(), scratch.little_endian());
+    in.giop_minor(scratch.giop_minor());
+    return in;
+}
+
 void Any::yv_convert_into(YV_Streamable& s) const
 {
-    if (m_encoded != nullptr) {
-        YV_CDR::InputStream in = m_encoded->stream();
-        s.yv_read(in);
-        return;
-    }
-    YV_CDR::OutputStream out;
-    yv_write_value(out);
-    YV_CDR::InputStream in(out.data(), out.size(), out.little_endian());
+    YV_CDR::OutputStream scratch;
+    YV_CDR::InputStream in = yv_value_stream(scratch);
     s.yv_read(in);
 }
 
 void Any::yv_write_value(YV_CDR::OutputStream& out) const
 {
+    if (const TypeCodeStreamable* t = TypeCodeStreamable::_downcast(m_streamable)) {
+        TypeCode::_yv_write(out, t->extract());
+        return;
+    }
+    if (const FixedStreamable* f = FixedStreamable::_downcast(m_streamable)) {
+        const TypeCode_ptr fixed = m_type->yv_unaliased();
+        out.write_fixed(f->extract(), fixed->yv_digits(), static_cast<Short>(fixed->yv_scale()));
+        return;
+    }
     if (m_streamable != nullptr) {
         m_streamable->yv_write(out);
         return;
     }
     if (m_encoded == nullptr)
         throw MARSHAL(0, COMPLETED_NO);
-    throw NO_IMPLEMENT(0, COMPLETED_NO);
+    const YV_TC::EncodedValue& e = *m_encoded;
+    const std::size_t at = (out.size() - out.alignment_base()) & 7;
+    if (e.little_endian == out.little_endian() && e.phase == at && e.giop_minor == out.giop_minor()) {
+        if (!e.octets.empty())
+            std::memcpy(out.grow(e.octets.size()), e.octets.data(), e.octets.size());
+        return;
+    }
+    YV_CDR::InputStream in = e.stream();
+    YV_TC::ValueTranscoder(in, &out).value(m_type);
+}
+
+bool Any::yv_equal(const Any& other) const
+{
+    if (!m_type->equivalent(other.m_type) || yv_has_value() != other.yv_has_value())
+        return false;
+    if (!yv_has_value())
+        return true;
+    YV_CDR::OutputStream scratch_a;
+    YV_CDR::OutputStream scratch_b;
+    YV_CDR::InputStream a = yv_value_stream(scratch_a);
+    YV_CDR::InputStream b = other.yv_value_stream(scratch_b);
+    return YV_TC::ValueComparer(a, b).equal(m_type);
 }
 
 void Any::yv_clear()
@@ -318,8 +354,8 @@ void Any::operator<<=(from_wstring v)
 void Any::operator<<=(from_fixed v)
 {
     YV_TC::GraphHolder holder;
-    TypeCode* made = holder.graph->make(tk_fixed);
-    holder.graph->set_fixed(made, v.digits, static_cast<Short>(v.scale));
+    TypeCode* made = holder.get().make(tk_fixed);
+    holder.get().set_fixed(made, v.digits, static_cast<Short>(v.scale));
     const TypeCode_var tc = holder.hand_over(made);
     insert<FixedStreamable>(*this, v.val, tc.in());
 }
@@ -342,13 +378,18 @@ Boolean Any::operator>>=(to_wstring v) const
 Boolean Any::operator>>=(to_fixed v) const
 {
     const TypeCode_ptr t = m_type->yv_unaliased();
-    if (t->kind() != tk_fixed || t->yv_digits() != v.digits || t->yv_scale() != static_cast<Short>(v.scale))
+    if (t->kind() != tk_fixed || t->yv_digits() != v.digits || t->yv_scale() != static_cast<Short>(v.scale) ||
+        !yv_has_value())
         return false;
-    if (const FixedStreamable* s = yv_value_as<FixedStreamable>(m_type)) {
+    if (const FixedStreamable* s = FixedStreamable::_downcast(m_streamable)) {
         v.val = s->extract();
         return true;
     }
-    return false;
+    // Encoded, or a fixed-point type of generated code: its packed decimal.
+    YV_CDR::OutputStream scratch;
+    YV_CDR::InputStream in = yv_value_stream(scratch);
+    v.val = in.read_fixed(v.digits, static_cast<Short>(v.scale));
+    return true;
 }
 
 Boolean Any::operator>>=(to_object v) const
@@ -465,14 +506,32 @@ Boolean operator>>=(const Any& a, Object_ptr& v)
 
 namespace YV_Cxx {
 
-void Marshal<CORBA::Any>::write(YV_CDR::OutputStream&, const CORBA::Any&)
+void Marshal<CORBA::Any>::write(YV_CDR::OutputStream& out, const CORBA::Any& v)
 {
-    throw CORBA::NO_IMPLEMENT(0, CORBA::COMPLETED_NO);
+    CORBA::TypeCode::_yv_write(out, v.yv_type());
+    if (v.yv_has_value())
+        v.yv_write_value(out);
+    else if (v.yv_type()->yv_unaliased()->kind() > CORBA::tk_void)
+        throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO); // a type without a value
 }
 
-void Marshal<CORBA::Any>::read(YV_CDR::InputStream&, CORBA::Any&)
+void Marshal<CORBA::Any>::read(YV_CDR::InputStream& in, CORBA::Any& v)
 {
-    throw CORBA::NO_IMPLEMENT(0, CORBA::COMPLETED_NO);
+    const CORBA::TypeCode_var tc = CORBA::TypeCode::_yv_read(in);
+    const CORBA::TCKind kind = tc->yv_unaliased()->kind();
+    if (kind == CORBA::tk_null || kind == CORBA::tk_void) {
+        v = CORBA::Any();
+        v.type(tc.in());
+        return;
+    }
+    std::shared_ptr<YV_TC::EncodedValue> value = std::make_shared<YV_TC::EncodedValue>();
+    value->little_endian = in.little_endian();
+    value->phase = (in.offset() + in.phase()) & 7;
+    value->giop_minor = in.giop_minor();
+    const unsigned char* start = in.cursor();
+    YV_TC::ValueTranscoder(in, nullptr).value(tc.in());
+    value->octets.assign(start, in.cursor());
+    v.yv_set_encoded(tc.in(), std::move(value));
 }
 
 } // namespace YV_Cxx

@@ -4,6 +4,8 @@
 #include "../YV_TC/TypeCodeCopier.h"
 #include "../YV_TC/TypeCodeGraph.h"
 #include "../YV_TC/TypeCodeKinds.h"
+#include "../YV_TC/TypeCodeReader.h"
+#include "../YV_TC/TypeCodeWriter.h"
 #include "zantic_sys/CORBA/Any.h"
 #include "zantic_sys/CORBA/SystemException.h"
 #include "zantic_sys/YV_Cxx/BasicStreamable.h"
@@ -37,9 +39,9 @@ Any* label_any(TypeCode_ptr tc, T value)
 TypeCode_ptr TypeCode::_yv_create(TCKind kind, ULong length, const char* id, const char* name)
 {
     YV_TC::GraphHolder holder;
-    TypeCode* tc = holder.graph->make(kind);
-    holder.graph->set_id_and_name(tc, id, name);
-    holder.graph->set_length(tc, length);
+    TypeCode* tc = holder.get().make(kind);
+    holder.get().set_id_and_name(tc, id, name);
+    holder.get().set_length(tc, length);
     return holder.hand_over(tc);
 }
 
@@ -56,10 +58,7 @@ Boolean TypeCode::equivalent(TypeCode_ptr other) const
 TypeCode_ptr TypeCode::get_compact_typecode() const
 {
     YV_TC::GraphHolder holder;
-    TypeCode_ptr copy = YV_TC::TypeCodeCopier(*holder.graph).copy(const_cast<TypeCode*>(this));
-    if (copy->yv_graph() != holder.graph)
-        return _duplicate(copy); // nothing to leave out: the type code itself
-    return holder.hand_over(copy);
+    return holder.hand_over(YV_TC::TypeCodeCopier(holder.get()).copy(const_cast<TypeCode*>(this)));
 }
 
 const char* TypeCode::id() const
@@ -183,6 +182,16 @@ TypeCode_ptr TypeCode::yv_unaliased() const
     while (tc->m_kind == tk_alias && tc->yv_content() != nullptr)
         tc = tc->yv_content();
     return const_cast<TypeCode*>(tc);
+}
+
+void TypeCode::_yv_write(YV_CDR::OutputStream& out, TypeCode_ptr tc)
+{
+    YV_TC::TypeCodeWriter(out).write(tc);
+}
+
+TypeCode_ptr TypeCode::_yv_read(YV_CDR::InputStream& in)
+{
+    return YV_TC::TypeCodeReader().read(in);
 }
 
 TypeCode_ptr TypeCode::_duplicate(TypeCode_ptr tc)

@@ -1,5 +1,6 @@
 #include "TypeCodeComparison.h"
 
+#include "Discriminator.h"
 #include "TypeCodeKinds.h"
 
 #include <algorithm>
@@ -80,7 +81,8 @@ bool TypeCodeComparison::same_members(CORBA::TypeCode_ptr a, CORBA::TypeCode_ptr
         const CORBA::TypeCode::Member& mb = b->yv_member(i);
         if (!same_names(ma.name, mb.name))
             return false;
-        if (is_union && static_cast<CORBA::Long>(i) != a->yv_default_index() && ma.label != mb.label)
+        if (is_union && static_cast<CORBA::Long>(i) != a->yv_default_index() &&
+            normalise(a->yv_content(), ma.label) != normalise(b->yv_content(), mb.label))
             return false;
         if (is_value && ma.visibility != mb.visibility)
             return false;

@@ -79,23 +79,38 @@ private:
     std::vector<CORBA::TypeCode_ptr> m_held;
 };
 
-// A graph under construction: released unless handed over.
-struct GraphHolder {
-    TypeCodeGraph* graph = TypeCodeGraph::create();
+// A graph under construction, made on first use: released unless handed
+// over.
+class GraphHolder {
+public:
     GraphHolder() = default;
     GraphHolder(const GraphHolder&) = delete;
     GraphHolder& operator=(const GraphHolder&) = delete;
     ~GraphHolder()
     {
-        if (graph != nullptr)
-            graph->release();
+        if (m_graph != nullptr)
+            m_graph->release();
     }
-    // Hands the graph's one reference over with `root`.
+
+    TypeCodeGraph& get()
+    {
+        if (m_graph == nullptr)
+            m_graph = TypeCodeGraph::create();
+        return *m_graph;
+    }
+    // Hands the graph's one reference over with `root`, a type code of the
+    // graph; any other type code gets a reference of its own and the graph
+    // goes.
     CORBA::TypeCode_ptr hand_over(CORBA::TypeCode_ptr root)
     {
-        graph = nullptr;
+        if (m_graph == nullptr || root->yv_graph() != m_graph)
+            return CORBA::TypeCode::_duplicate(root);
+        m_graph = nullptr;
         return root;
     }
+
+private:
+    TypeCodeGraph* m_graph = nullptr;
 };
 
 } // namespace YV_TC

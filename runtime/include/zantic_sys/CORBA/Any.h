@@ -161,13 +161,20 @@ public:
         return p;
     }
 
-    // Writes the value alone (no type code) in CDR; MARSHAL when the any
-    // holds none.
+    // Writes the value alone (no type code) in CDR; an encoded value is
+    // copied as it is where byte order, alignment and GIOP version allow,
+    // else transcoded. MARSHAL when the any holds no value.
     void yv_write_value(YV_CDR::OutputStream& out) const;
+    // True when both anys hold equal values of equivalent types, whatever
+    // form each holds its value in.
+    bool yv_equal(const Any& other) const;
 
 private:
     void yv_clear();
     void yv_convert_into(YV_Streamable& s) const;
+    // A stream over the value: the encoded octets, or `scratch` after the
+    // typed value was written into it.
+    YV_CDR::InputStream yv_value_stream(YV_CDR::OutputStream& scratch) const;
     void yv_keep(std::unique_ptr<YV_Streamable> s);
 
     TypeCode_ptr m_type;

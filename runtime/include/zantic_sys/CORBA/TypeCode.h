@@ -27,6 +27,11 @@
 #include "Exception.h"
 #include "Types.h"
 
+namespace YV_CDR {
+class InputStream;
+class OutputStream;
+} // namespace YV_CDR
+
 namespace YV_TC {
 class TypeCodeGraph;
 } // namespace YV_TC
@@ -170,6 +175,12 @@ public:
     ValueModifier type_modifier() const;
     // The base value type's type code, nil when there is none.
     TypeCode_ptr concrete_base_type() const;
+
+    // A type code in CDR (a nil one is written as tk_null); BAD_TYPECODE
+    // for a placeholder of create_recursive_tc.
+    static void _yv_write(YV_CDR::OutputStream& out, TypeCode_ptr tc);
+    // A new type code read from CDR (MARSHAL when malformed).
+    static TypeCode_ptr _yv_read(YV_CDR::InputStream& in);
 
     static TypeCode_ptr _duplicate(TypeCode_ptr tc);
     static TypeCode_ptr _nil() { return nullptr; }

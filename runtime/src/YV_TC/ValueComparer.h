@@ -1,0 +1,34 @@
+// Compares two values of one type in CDR, each in its own stream (byte
+// orders and alignment may differ), by their type code: numbers by value
+// (floating point bit for bit), strings by characters, anys by type and
+// value, type codes with equal(), object references by their IORs.
+#ifndef YV_RT_YV_TC_VALUECOMPARER_H
+#define YV_RT_YV_TC_VALUECOMPARER_H
+
+#include "zantic_sys/CORBA/TypeCode.h"
+#include "zantic_sys/YV_CDR/InputStream.h"
+
+namespace YV_TC {
+
+class ValueComparer {
+public:
+    ValueComparer(YV_CDR::InputStream& a, YV_CDR::InputStream& b) : m_a(a), m_b(b) {}
+
+    // True when the two values are equal; MARSHAL when either is malformed.
+    bool equal(CORBA::TypeCode_ptr tc) { return walk(tc, 0); }
+
+private:
+    bool walk(CORBA::TypeCode_ptr tc, unsigned depth);
+    bool strings();
+    bool octet_sequences();
+    bool object_references();
+    bool fixed(CORBA::TypeCode_ptr tc);
+    bool long_doubles();
+
+    YV_CDR::InputStream& m_a;
+    YV_CDR::InputStream& m_b;
+};
+
+} // namespace YV_TC
+
+#endif
