@@ -6,6 +6,7 @@
 #include "../YV_Cxx/Ref_var.h"
 #include "Exception.h"
 #include "Object.h"
+#include "TypeCode.h"
 #include "Types.h"
 
 namespace CORBA {
@@ -35,6 +36,35 @@ public:
     // The process's ORB.
     static ORB_ptr _yv_instance();
 
+    // Type code factory (YV_Cxx/TypeCodeFactory.h). The members are a
+    // sequence of the standard structures of corbaidl.idl (StructMemberSeq,
+    // UnionMemberSeq, EnumMemberSeq, ValueMemberSeq), or of anything with
+    // their member names.
+    template <class Members>
+    TypeCode_ptr create_struct_tc(const char* id, const char* name, const Members& members);
+    template <class Members>
+    TypeCode_ptr create_union_tc(const char* id, const char* name, TypeCode_ptr discriminator_type,
+                                 const Members& members);
+    template <class Members>
+    TypeCode_ptr create_enum_tc(const char* id, const char* name, const Members& members);
+    template <class Members>
+    TypeCode_ptr create_exception_tc(const char* id, const char* name, const Members& members);
+    template <class Members>
+    TypeCode_ptr create_value_tc(const char* id, const char* name, ValueModifier type_modifier,
+                                 TypeCode_ptr concrete_base, const Members& members);
+    TypeCode_ptr create_alias_tc(const char* id, const char* name, TypeCode_ptr original_type);
+    TypeCode_ptr create_interface_tc(const char* id, const char* name);
+    TypeCode_ptr create_string_tc(ULong bound);
+    TypeCode_ptr create_wstring_tc(ULong bound);
+    TypeCode_ptr create_fixed_tc(UShort digits, Short scale);
+    TypeCode_ptr create_sequence_tc(ULong bound, TypeCode_ptr element_type);
+    TypeCode_ptr create_array_tc(ULong length, TypeCode_ptr element_type);
+    TypeCode_ptr create_recursive_tc(const char* id);
+    TypeCode_ptr create_value_box_tc(const char* id, const char* name, TypeCode_ptr boxed_type);
+    TypeCode_ptr create_native_tc(const char* id, const char* name);
+    TypeCode_ptr create_abstract_interface_tc(const char* id, const char* name);
+    TypeCode_ptr create_local_interface_tc(const char* id, const char* name);
+
 private:
     ORB() = default;
     bool m_shut_down = false;
@@ -47,5 +77,7 @@ inline Boolean is_nil(ORB_ptr orb) { return orb == nullptr; }
 typedef YV_Cxx::ObjRef_var<ORB> ORB_var;
 
 } // namespace CORBA
+
+#include "../YV_Cxx/TypeCodeFactory.h"
 
 #endif
