@@ -10,6 +10,6 @@ VIS_Client_DeclareAsst::VIS_Client_DeclareAsst(std::ostream& os, int level, UTL_
 
 long VIS_Client_DeclareAsst::visit_type(AST_Type* t)
 {
-    stream() << mapping().streamable(t);
+    write_piece(mapping().streamable(t));
     return 1;
 }

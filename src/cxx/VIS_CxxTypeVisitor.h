@@ -34,6 +34,9 @@ protected:
     // A writer on the visitor's stream and indentation, at the start of a
     // line.
     CxxPrinter printer() { return CxxPrinter(stream(), indent()); }
+    // Writes `text` as a piece of the line the caller has begun (a type's
+    // name in a declaration).
+    void write_piece(std::string_view text) { CxxPrinter(stream(), indent(), false).print("$t$", {{"t", text}}); }
 };
 
 #endif

@@ -9,6 +9,6 @@ VIS_HH_ABC_OpArg_Typedef::VIS_HH_ABC_OpArg_Typedef(std::ostream& os, int level, 
 
 long VIS_HH_ABC_OpArg_Typedef::visit_type(AST_Type* t)
 {
-    stream() << mapping().param(t, m_mode);
+    write_piece(mapping().param(t, m_mode));
     return 1;
 }

@@ -9,6 +9,6 @@ VIS_HH_ABC_OpReturn::VIS_HH_ABC_OpReturn(std::ostream& os, int level, UTL_Scope*
 
 long VIS_HH_ABC_OpReturn::visit_type(AST_Type* t)
 {
-    stream() << mapping().param(t, CxxTypeMapping::M_return);
+    write_piece(mapping().param(t, CxxTypeMapping::M_return));
     return 1;
 }

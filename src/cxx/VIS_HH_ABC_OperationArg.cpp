@@ -11,12 +11,12 @@ VIS_HH_ABC_OperationArg::VIS_HH_ABC_OperationArg(std::ostream& os, int level, UT
 
 long VIS_HH_ABC_OperationArg::visit_AST_Argument(AST_Argument* n)
 {
-    stream() << mapping().param(n->field_type(), CxxTypeMapping::mode_of(n->direction()));
+    write_piece(mapping().param(n->field_type(), CxxTypeMapping::mode_of(n->direction())));
     return 1;
 }
 
 long VIS_HH_ABC_OperationArg::visit_type(AST_Type* t)
 {
-    stream() << mapping().param(t, m_mode);
+    write_piece(mapping().param(t, m_mode));
     return 1;
 }
