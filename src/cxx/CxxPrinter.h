@@ -16,16 +16,20 @@
 //
 // The writer shares the visitor's indentation object, so levels raised by
 // visitors that write to the same stream and by the writer agree. A writer
-// is cheap to make (three fields, no allocation): emitters make one where
+// is cheap to make (a few pointers, no allocation): emitters make one where
 // they need it.
+//
+// Values are views. A Vars list kept in a variable must not hold
+// temporaries (a CxxPrinter::Num made in its initializer included): name
+// them first.
 #ifndef CXXPRINTER_H
 #define CXXPRINTER_H
 
 #include <exception>
 #include <initializer_list>
 #include <iosfwd>
-#include <streambuf>
 #include <iterator>
+#include <streambuf>
 #include <string>
 #include <string_view>
 #include <utility>
