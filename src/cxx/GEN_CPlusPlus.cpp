@@ -20,11 +20,11 @@
 #include "VIS_HH_MainStartPoint.h"
 #include "YV_Config.h"
 #include "YV_File.h"
+#include "YV_OutputFile.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <sstream>
@@ -235,15 +235,12 @@ void GEN_CPlusPlus::generate_cxx()
 
 void GEN_CPlusPlus::write_output_file(const YV_String& path, const std::string& text)
 {
-    std::ofstream os(path.c_str());
-    if (os)
-        os << text;
-    if (!os) {
-        IDL_GlobalData* data = global_data();
-        std::cerr << (data ? data->prog_name() : "yvidl") << ": Error: Could not open " << path << " for writing."
-                  << std::endl;
-        std::exit(99);
-    }
+    IDL_GlobalData* data = global_data();
+    const std::string prog = data ? data->prog_name() : "yvidl";
+    YV_OutputFile out;
+    out.open_or_exit(path.str(), prog, ": Error: Could not open ");
+    out << text;
+    out.commit_or_exit(prog);
 }
 
 void GEN_CPlusPlus::generate_obv_hh() {}

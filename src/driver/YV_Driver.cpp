@@ -4,13 +4,16 @@
 #include "IDL_Frontend.h"
 #include "YV_BackendInfo.h"
 #include "YV_Help.h"
+#include "YV_OutputFile.h"
 #include "idl_msg_header.h"
 
+#include <cerrno>
+#include <cstring>
 #include <exception>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <set>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #ifndef YV_VERSION_TEXT
 #define YV_VERSION_TEXT "0"
@@ -37,16 +40,26 @@ int YV_Driver::run(int argc, const char* const* argv)
     if (!cl.preprocess_only() && !load_backends(cl))
         return EXIT_ERRORS;
 
+    // No output may replace an input of the run.
+    for (const std::string& file : cl.files())
+        YV_OutputFile::protect(file);
+
     IDL_Frontend frontend(cl.frontend_options());
     for (const std::string& file : cl.files()) {
         if (!check_input(file))
             continue;
-        if (cl.preprocess_only())
+        if (cl.preprocess_only()) {
             preprocess(frontend, file);
-        else
+        } else if (cl.backends().empty() || check_output_base(file)) {
             compile(frontend, cl, file);
+        }
     }
-    std::cout.flush();
+    if (!std::cout.flush()) {
+        const int error_number = errno;
+        std::cout.clear();
+        error(std::string("cannot write standard output: ") + std::strerror(error_number));
+        return EXIT_OUTPUT;
+    }
     return (m_failed || idl_error_count() > 0) ? EXIT_ERRORS : EXIT_OK;
 }
 
@@ -107,13 +120,48 @@ void YV_Driver::compile(IDL_Frontend& frontend, const YV_CommandLine& cl, const 
 
 bool YV_Driver::check_input(const std::string& file)
 {
-    std::error_code ec;
-    if (std::filesystem::is_directory(file, ec)) {
+    // Only regular files are read: opening a pipe or a device could wait
+    // for ever, or read without end.
+    struct stat st;
+    if (file.empty()) {
+        error("cannot read input file ''");
+        return false;
+    }
+    if (::stat(file.c_str(), &st) != 0) {
+        const int error_number = errno;
+        error("cannot read input file '" + file + "': " + std::strerror(error_number));
+        return false;
+    }
+    if (S_ISDIR(st.st_mode)) {
         error("input '" + file + "' is a directory");
         return false;
     }
-    if (!std::ifstream(file)) {
-        error("cannot read input file '" + file + "'");
+    if (!S_ISREG(st.st_mode)) {
+        error("input '" + file + "' is not a regular file; only regular files are read");
+        return false;
+    }
+    if (::access(file.c_str(), R_OK) != 0) {
+        const int error_number = errno;
+        error("cannot read input file '" + file + "': " + std::strerror(error_number));
+        return false;
+    }
+    return true;
+}
+
+bool YV_Driver::check_output_base(const std::string& file)
+{
+    // Output names replace the input's extension (the text from its last
+    // '.'); without one, or with nothing before it, they would be empty or
+    // fall back on the previous input's names.
+    const std::size_t slash = file.find_last_of("/\\");
+    const std::string name = slash == std::string::npos ? file : file.substr(slash + 1);
+    const std::size_t dot = name.rfind('.');
+    if (dot == std::string::npos) {
+        error("input '" + file + "' has no extension (such as .idl): output file names are made by replacing it");
+        return false;
+    }
+    if (dot == 0) {
+        error("input '" + file + "' has nothing before its extension: output file names would be empty");
         return false;
     }
     return true;

@@ -4,7 +4,8 @@
 //
 // Exit status: 0 when nothing was reported; 1 when an input had errors (the
 // front end's or a back end's, see idl_error_count()) or a back end could
-// not be loaded; 2 for a command line that cannot be used.
+// not be loaded; 2 for a command line that cannot be used; 99 when output
+// could not be written (back ends end the process with it themselves).
 #ifndef YV_DRIVER_H
 #define YV_DRIVER_H
 
@@ -22,6 +23,7 @@ public:
     static constexpr int EXIT_OK = 0;
     static constexpr int EXIT_ERRORS = 1;
     static constexpr int EXIT_USAGE = 2;
+    static constexpr int EXIT_OUTPUT = 99;
 
     int run(int argc, const char* const* argv);
 
@@ -33,8 +35,11 @@ private:
     void compile(IDL_Frontend& frontend, const YV_CommandLine& cl, const std::string& file);
     // Reports a problem of the driver itself (not of an input's text).
     void error(const std::string& message);
-    // Whether `file` can be read as an input.
+    // Whether `file` can be read as an input: an existing, readable
+    // regular file.
     bool check_input(const std::string& file);
+    // Whether output file names can be made from `file`'s name.
+    bool check_output_base(const std::string& file);
 
     YV_BackendLoader m_loader;
     bool m_failed = false;

@@ -1,100 +1,8 @@
 // End-to-end tests of the yvidl binary: command line, plug-in loading,
 // diagnostics and exit status, output files.
+#include "DriverTest.h"
 #include "YV_Shlib_Init.h"
-#include "YV_TestSupport.h"
 #include "idl_msg_header.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <set>
-#include <sstream>
-#include <string>
-#include <vector>
-
-namespace fs = std::filesystem;
-
-namespace {
-
-std::string data(const std::string& name) { return std::string(YV_TEST_DATA_DIR) + "/" + name; }
-
-std::string shell_quote(const std::string& s)
-{
-    std::string q = "'";
-    for (char c : s) {
-        if (c == '\'')
-            q += "'\\''";
-        else
-            q += c;
-    }
-    return q + "'";
-}
-
-// A scratch directory that is the compiler's current directory.
-class DriverTest : public ::testing::Test {
-protected:
-    void SetUp() override { m_dir = yvtest::make_temp_dir("driver"); }
-    void TearDown() override { fs::remove_all(m_dir); }
-
-    // Runs yvidl with `args` (each quoted) in the scratch directory; `env` is
-    // put before the command as it is.
-    yvtest::CommandResult yvidl(const std::vector<std::string>& args, const std::string& env = std::string())
-    {
-        std::string cmd = env + (env.empty() ? "" : " ") + shell_quote(yvtest::bin_dir() + "/yvidl");
-        for (const std::string& a : args)
-            cmd += " " + shell_quote(a);
-        return yvtest::run_command(cmd, m_dir);
-    }
-
-    // The names of the files in the scratch directory.
-    std::set<std::string> outputs() const
-    {
-        std::set<std::string> names;
-        for (const auto& e : fs::directory_iterator(m_dir))
-            names.insert(e.path().filename().string());
-        return names;
-    }
-
-    std::string m_dir;
-};
-
-using Names = std::set<std::string>;
-
-std::vector<std::string> lines_of(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string l; std::getline(in, l);)
-        lines.push_back(l);
-    return lines;
-}
-
-// True when every line of `err` that names `file` has the form
-// "<file>:<line>:<column>: error: <message>", and there is at least one.
-::testing::AssertionResult has_located_errors(const std::string& err, const std::string& file)
-{
-    int found = 0;
-    for (const std::string& l : lines_of(err)) {
-        std::size_t at = l.find(file + ":");
-        if (at == std::string::npos || l.find(": error: ") == std::string::npos)
-            continue;
-        std::size_t p = at + file.size() + 1;
-        auto digits = [&]() {
-            std::size_t start = p;
-            while (p < l.size() && std::isdigit(static_cast<unsigned char>(l[p])))
-                ++p;
-            return p > start;
-        };
-        if (!digits() || l[p++] != ':' || !digits() || l.compare(p, 9, ": error: ") != 0 || l.size() <= p + 9)
-            return ::testing::AssertionFailure() << "badly formed error line: " << l;
-        ++found;
-    }
-    if (found == 0)
-        return ::testing::AssertionFailure() << "no error line for " << file << " in:\n" << err;
-    return ::testing::AssertionSuccess();
-}
-
-} // namespace
 
 TEST_F(DriverTest, VersionAndHelpGoToStandardOutput)
 {
@@ -187,11 +95,12 @@ TEST_F(DriverTest, EveryFileGetsItsOutputAndErrorsDoNotStopTheRun)
 TEST_F(DriverTest, BackEndsRunInCommandLineOrder)
 {
     // The generator keeps its options from one run to the next, so the
-    // second switch (no options) writes with the first one's extension
-    // only if the runs happen in the other order.
-    auto r = yvidl({"-poa", "-poa:-hhpp", data("second.idl")});
+    // second switch (no options) writes with the first one's extensions
+    // only if the runs happen in the other order (and would then write the
+    // same files twice, which is refused).
+    auto r = yvidl({"-poa", "-poa:-hhpp:-ccpp", data("second.idl")});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(outputs(), (Names{"secondS.hh", "secondS.hpp", "secondS.cxx"}));
+    EXPECT_EQ(outputs(), (Names{"secondS.hh", "secondS.hpp", "secondS.cxx", "secondS.cpp"}));
 }
 
 TEST_F(DriverTest, OutputIsDeterministic)
@@ -213,7 +122,8 @@ TEST_F(DriverTest, BackEndErrorsSetTheExitStatus)
 {
     auto r = yvidl({"-poa:-xNoNamespaces", data("reopened.idl")});
     EXPECT_EQ(r.status, 1) << r.err;
-    EXPECT_NE(r.err.find("POA Error."), std::string::npos) << r.err;
+    EXPECT_NE(r.err.find(": error: POA Error."), std::string::npos) << r.err;
+    EXPECT_TRUE(has_located_errors(r.err, "reopened.idl"));
     EXPECT_FALSE(yvtest::file_exists(m_dir + "/reopenedS.cxx"));
 }
 

@@ -299,6 +299,7 @@ INSTANTIATE_TEST_SUITE_P(Preprocessor, PreprocessorExpansion, testing::ValuesIn(
 struct ConditionCase {
     const char* expression;
     bool value;
+    bool overflows = false;  // signed arithmetic out of range: one warning
 };
 
 const ConditionCase kConditionCases[] = {
@@ -311,14 +312,23 @@ const ConditionCase kConditionCases[] = {
     {"-1 < 0u", false},
     {"-1 > 0U", true},
     {"0xFFFFFFFFFFFFFFFF == -1", true},
-    {"9223372036854775807 + 1 < 0", true},
+    {"9223372036854775807 + 1 < 0", true, true},
     {"-9223372036854775807 - 1 < 0", true},
-    {"(-9223372036854775807 - 1) / -1 < 0", true},
+    {"(-9223372036854775807 - 1) / -1 < 0", true, true},
     {"(-9223372036854775807 - 1) % -1 == 0", true},
+    {"-(-9223372036854775807 - 1) < 0", true, true},
+    {"-9223372036854775807 - 2 > 0", true, true},
+    {"4294967296 * 4294967296 == 0", true, true},
+    {"4294967296u * 4294967296 == 0", true},
+    {"9223372036854775807u + 1 > 0", true},
+    {"0 && 1 << 63", false},
+    {"(1 << 62) * 2 < 0", true, true},
     {"-7 / 2 == -3 && -7 % 2 == -1", true},
     {"7u / 2 == 3", true},
-    {"1 << 63 < 0", true},
-    {"1 << 64 == 0", true},
+    {"1 << 63 < 0", true, true},
+    {"-1 << 63 < 0", true},
+    {"3 << 62 < 0", true, true},
+    {"1 << 64 == 0", true, true},
     {"-8 >> 1 == -4", true},
     {"-1 >> 70 == -1", true},
     {"8 >> -1 == 16", true},
@@ -345,7 +355,14 @@ TEST(Preprocessor, ConditionValues)
 {
     for (const ConditionCase& c : kConditionCases) {
         PPRun r = preprocess_text(std::string("#define FOO 4\n#if ") + c.expression + "\nyes\n#else\nno\n#endif\n");
-        EXPECT_EQ(r.err, "") << c.expression;
+        EXPECT_TRUE(r.ok) << c.expression;
+        const std::string warning = "warning: integer overflow in #if expression: the result does not fit in 64 "
+                                    "signed bits and wraps\n";
+        if (c.overflows)
+            EXPECT_TRUE(r.err.rfind("t.idl:2:", 0) == 0 && r.err.find(warning) == r.err.size() - warning.size())
+                << c.expression << "\n" << r.err;
+        else
+            EXPECT_EQ(r.err, "") << c.expression;
         EXPECT_EQ(body(r), c.value ? "\n\nyes\n" : "\n\n\n\nno\n") << c.expression;
     }
 }

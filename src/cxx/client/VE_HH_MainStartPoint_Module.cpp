@@ -9,7 +9,7 @@
 
 void VE_HH_MainStartPoint_Module::ReopenedModule::output_exception(std::ostream& os)
 {
-    idl_msg_header(m_module->line(), m_module->file_name());
+    idl_msg_header(m_module->line(), m_module->column(), m_module->file_name());
     os << "C++ Error. Module " << m_module->local_name()->get_string()
        << " cannot be reopened while modules are mapped to classes (-xNoNamespaces)." << std::endl;
 }

@@ -69,13 +69,16 @@ public:
     Identifier* local_name() { return &m_name; }
     const Identifier* local_name() const { return &m_name; }
 
-    // Where the declaration was written: its true file and line.
+    // Where the declaration was written: its true file, line and byte
+    // column (1-based; 0 when not known, for nodes that back ends make).
     long line() const { return m_line; }
+    long column() const { return m_column; }
     UTL_String* file_name() const { return m_file.get(); }
-    void set_position(std::shared_ptr<UTL_String> file, long line)
+    void set_position(std::shared_ptr<UTL_String> file, long line, long column = 0)
     {
         m_file = std::move(file);
         m_line = line;
+        m_column = column;
     }
 
     // The repository id ("IDL:M/I:1.0"), after #pragma prefix, ID, version,
@@ -97,6 +100,7 @@ private:
     UTL_Scope* m_defined_in = nullptr;
     long m_in_main_file = 0;
     long m_line = 0;
+    long m_column = 0;
     std::shared_ptr<UTL_String> m_file;
     std::string m_repo_id;
 };

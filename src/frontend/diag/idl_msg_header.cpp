@@ -9,9 +9,12 @@ namespace {
 std::atomic<long> g_errors{0};
 }
 
-void idl_msg_header(long line, UTL_String* file)
+void idl_msg_header(long line, long column, UTL_String* file)
 {
-    std::cerr << (file ? file->get_string() : "<unknown>") << ':' << line << ": ";
+    std::cerr << (file ? file->get_string() : "<unknown>") << ':' << line << ':';
+    if (column > 0)
+        std::cerr << column << ':';
+    std::cerr << " error: ";
     ++g_errors;
 }
 

@@ -4,10 +4,11 @@
 
 class UTL_String;
 
-// Writes "file:line: " on the error stream (without a line end) and counts
-// one error, so that the compiler exits non-zero. A null file writes
-// "<unknown>".
-void idl_msg_header(long line, UTL_String* file);
+// Writes "file:line:column: error: " on the error stream (without a line
+// end), the form of the front end's own diagnostics, and counts one error,
+// so that the compiler exits non-zero. A null file writes "<unknown>"; a
+// column of 0 (not known) is left out.
+void idl_msg_header(long line, long column, UTL_String* file);
 
 // Errors counted so far in this process, by idl_msg_header and by the front
 // end's own diagnostics.

@@ -297,7 +297,7 @@ void IDL_Parser::handle_directives(UTL_Scope* s)
 
 void IDL_Parser::set_position(AST_Decl* d, const IDL_Token& t) const
 {
-    d->set_position(m_lexer.file(t.file), t.line);
+    d->set_position(m_lexer.file(t.file), t.line, t.column);
     d->set_in_main_file(t.file == m_lexer.main_file() ? 1 : 0);
 }
 

@@ -71,6 +71,7 @@ bool PP_ExprEvaluator::evaluate(const std::vector<PP_Token>& tokens, const PP_To
     m_depth = 0;
     m_evaluating = true;
     m_failed = false;
+    m_overflow_reported = false;
     Value v = comma();
     if (!m_failed && peek().kind != PP_Token::End)
         fail(IDL_Diag::PP_EXPR_EXTRA_TOKEN, peek(), {peek().str()});
@@ -90,6 +91,15 @@ void PP_ExprEvaluator::fail(IDL_Diag id, const PP_Token& tok, std::initializer_l
     m_failed = true;
     const PP_Token& at = tok.line ? tok : m_where;
     m_reporter.error(id, at.line, at.col, args);
+}
+
+void PP_ExprEvaluator::overflow(const PP_Token& where)
+{
+    if (!m_evaluating || m_overflow_reported)
+        return;
+    m_overflow_reported = true;
+    const PP_Token& at = where.line ? where : m_where;
+    m_reporter.warning(IDL_Diag::PP_EXPR_OVERFLOW, at.line, at.col);
 }
 
 void PP_ExprEvaluator::expect(std::string_view punct)
@@ -166,15 +176,18 @@ PP_ExprEvaluator::Value PP_ExprEvaluator::unary()
 {
     // Prefix operators are gathered first and applied innermost-first, so a
     // long run of them needs no recursion.
-    std::vector<char> ops;
+    std::vector<std::size_t> ops;
     while (at("-") || at("+") || at("~") || at("!")) {
-        ops.push_back(peek().text[0]);
+        ops.push_back(m_pos);
         ++m_pos;
     }
     Value v = primary();
     for (auto it = ops.rbegin(); it != ops.rend() && !m_failed; ++it) {
-        switch (*it) {
+        const PP_Token& op = (*m_tokens)[*it];
+        switch (op.text[0]) {
         case '-':
+            if (!v.is_unsigned && v.bits == kSignedMin)
+                overflow(op);
             v.bits = std::uint64_t(0) - v.bits;
             break;
         case '~':
@@ -243,7 +256,12 @@ PP_ExprEvaluator::Value PP_ExprEvaluator::apply(const std::string_view op, Value
                 count = std::uint64_t(0) - b.bits;
                 left = !left;
             }
+            const std::uint64_t before = a.bits;
             a.bits = left ? shift_left(a.bits, count) : shift_right(a.bits, count, a.is_unsigned);
+            // Bits shifted out of a signed value, or into its sign.
+            if (left && !a.is_unsigned && before != 0 &&
+                (count >= 64 || shift_right(a.bits, count, false) != before))
+                overflow(where);
             return a;
         }
         default:
@@ -262,15 +280,22 @@ PP_ExprEvaluator::Value PP_ExprEvaluator::apply(const std::string_view op, Value
         return truth_value(op == "<=" ? !greater : !less);
     }
     Value r{0, u};
+    std::int64_t ignored;
     switch (c) {
     case '+':
         r.bits = a.bits + b.bits;
+        if (!u && __builtin_add_overflow(as_signed(a.bits), as_signed(b.bits), &ignored))
+            overflow(where);
         break;
     case '-':
         r.bits = a.bits - b.bits;
+        if (!u && __builtin_sub_overflow(as_signed(a.bits), as_signed(b.bits), &ignored))
+            overflow(where);
         break;
     case '*':
         r.bits = a.bits * b.bits;
+        if (!u && __builtin_mul_overflow(as_signed(a.bits), as_signed(b.bits), &ignored))
+            overflow(where);
         break;
     case '/':
     case '%':
@@ -282,7 +307,10 @@ PP_ExprEvaluator::Value PP_ExprEvaluator::apply(const std::string_view op, Value
         if (u) {
             r.bits = c == '/' ? a.bits / b.bits : a.bits % b.bits;
         } else if (a.bits == kSignedMin && as_signed(b.bits) == -1) {
-            r.bits = c == '/' ? kSignedMin : 0;  // wraps, as the hardware would
+            // The quotient does not fit; it wraps.
+            r.bits = c == '/' ? kSignedMin : 0;
+            if (c == '/')
+                overflow(where);
         } else {
             const std::int64_t x = as_signed(a.bits), y = as_signed(b.bits);
             r.bits = static_cast<std::uint64_t>(c == '/' ? x / y : x % y);

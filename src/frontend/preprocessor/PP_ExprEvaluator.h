@@ -1,8 +1,9 @@
 // Evaluates the integer constant expression of an #if or #elif line, after
 // macro expansion and with `defined` already answered. Arithmetic is done
 // in 64 bits, signed unless an operand is unsigned (a U suffix or a value
-// beyond the signed range), wrapping like the target's; remaining
-// identifiers count as 0. && || ?: skip the side they do not take, so a
+// beyond the signed range); signed arithmetic whose result does not fit
+// is warned about (once per expression) and wraps; remaining identifiers
+// count as 0. && || ?: skip the side they do not take, so a
 // division by zero there is no error.
 #ifndef PP_EXPREVALUATOR_H
 #define PP_EXPREVALUATOR_H
@@ -40,6 +41,8 @@ private:
     bool at(std::string_view punct) const { return peek().is(punct); }
     void expect(std::string_view punct);
     void fail(IDL_Diag id, const PP_Token& tok, std::initializer_list<std::string> args = {});
+    // Signed arithmetic at `where` gave a result out of range.
+    void overflow(const PP_Token& where);
 
     Value comma();
     Value conditional();
@@ -59,6 +62,7 @@ private:
     // False inside the operand that && || ?: do not take.
     bool m_evaluating = true;
     bool m_failed = false;
+    bool m_overflow_reported = false;
 };
 
 #endif

@@ -1,8 +1,11 @@
 #include "PP_FileCache.h"
 
+#include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
-#include <fstream>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -37,26 +40,42 @@ PP_FileCache::Status PP_FileCache::load(const std::string& path, PP_FileEntry*& 
         m_paths.emplace(path, entry);
         return Status::Found;
     }
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        return Status::Unreadable;
     auto fresh = std::make_unique<PP_FileEntry>();
-    in.seekg(0, std::ios::end);
-    const std::streamoff size = in.tellg();
-    in.seekg(0, std::ios::beg);
-    if (size > 0) {
-        fresh->text.resize(static_cast<std::size_t>(size));
-        in.read(fresh->text.data(), size);
-        if (in.gcount() != size)
-            return Status::Unreadable;
-    }
-    if (in.bad())
+    if (!read_regular_file(path, fresh->text))
         return Status::Unreadable;
     fresh->bad_byte = find_bad_byte(fresh->text);
     entry = fresh.get();
     m_paths.emplace(path, entry);
     m_files.emplace(key, std::move(fresh));
     return Status::Found;
+}
+
+bool PP_FileCache::read_regular_file(const std::string& path, std::string& text)
+{
+    // Non-blocking, so that a pipe put in the file's place after it was
+    // looked at cannot make the open wait; it is refused below.
+    const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    struct stat st;
+    bool ok = ::fstat(fd, &st) == 0 && S_ISREG(st.st_mode);
+    if (ok) {
+        text.clear();
+        text.reserve(static_cast<std::size_t>(st.st_size));
+        char block[65536];
+        for (;;) {
+            const ssize_t n = ::read(fd, block, sizeof block);
+            if (n < 0 && errno == EINTR)
+                continue;
+            if (n <= 0) {
+                ok = n == 0;
+                break;
+            }
+            text.append(block, static_cast<std::size_t>(n));
+        }
+    }
+    ::close(fd);
+    return ok;
 }
 
 PP_FileEntry* PP_FileCache::adopt(std::string text)

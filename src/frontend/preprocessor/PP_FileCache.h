@@ -26,6 +26,10 @@ public:
     static std::size_t find_bad_byte(const std::string& text);
 
 private:
+    // Reads the whole of `path` into `text`; false when it cannot be read
+    // or is no regular file.
+    static bool read_regular_file(const std::string& path, std::string& text);
+
     // Entries by canonical path.
     std::map<std::string, std::unique_ptr<PP_FileEntry>> m_files;
     // Paths already looked up, as written: the entry, or null when missing.

@@ -10,7 +10,7 @@ Visitor_i::NarrowFailure::NarrowFailure(Visitor* v, AST_Decl* d) : m_visitor(v ?
 
 void Visitor_i::NarrowFailure::output_exception(std::ostream& os)
 {
-    idl_msg_header(m_decl ? m_decl->line() : 0, m_decl ? m_decl->file_name() : nullptr);
+    idl_msg_header(m_decl ? m_decl->line() : 0, m_decl ? m_decl->column() : 0, m_decl ? m_decl->file_name() : nullptr);
     os << "internal error: " << m_visitor << " cannot handle a node of kind "
        << (m_decl ? static_cast<int>(m_decl->node_type()) : -1) << std::endl;
 }

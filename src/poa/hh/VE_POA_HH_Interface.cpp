@@ -20,7 +20,7 @@
 
 void VE_POA_HH_Interface::DispatchMethodWithNative::output_exception(std::ostream& os)
 {
-    idl_msg_header(m_decl->line(), m_decl->file_name());
+    idl_msg_header(m_decl->line(), m_decl->column(), m_decl->file_name());
     os << "POA Error. Cannot generate a POA dispatch method that contains a " << "native type." << std::endl;
 }
 

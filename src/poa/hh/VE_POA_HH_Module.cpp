@@ -13,7 +13,7 @@
 
 void VE_POA_HH_Module::NamespacesUnsupported::output_exception(std::ostream& os)
 {
-    idl_msg_header(m_module->line(), m_module->file_name());
+    idl_msg_header(m_module->line(), m_module->column(), m_module->file_name());
     os << "POA Error. Module " << m_module->local_name()->get_string() << " can not be reopened. Namespaces are not "
        << "supported by your C++ compiler." << std::endl;
 }

@@ -68,7 +68,7 @@ int VE_POA_Impl_Interface::output_static_hashtable(AST_Interface* i)
     try {
         dict = std::make_unique<IDL_OpDict>(YV_hash_string, bits);
     } catch (const std::bad_alloc&) {
-        idl_msg_header(i->line(), i->file_name());
+        idl_msg_header(i->line(), i->column(), i->file_name());
         std::cerr << "POA Error. Dispatch table size 2^" << bits << " cannot be allocated; using the automatic size." << std::endl;
         bits = IDL_OpDict::auto_bits(static_cast<unsigned long>(counter));
         dict = std::make_unique<IDL_OpDict>(YV_hash_string, bits);
@@ -114,7 +114,7 @@ unsigned long VE_POA_Impl_Interface::table_bits(AST_Interface* i, long counter) 
     if (requested == -1)
         return automatic;
     if (requested < 0 || static_cast<unsigned long>(requested) > IDL_OpDict::max_bits) {
-        idl_msg_header(i->line(), i->file_name());
+        idl_msg_header(i->line(), i->column(), i->file_name());
         std::cerr << "POA Error. Dispatch table size 2^" << requested << " cannot be built; using the automatic size." << std::endl;
         return automatic;
     }

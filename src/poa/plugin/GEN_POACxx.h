@@ -9,8 +9,6 @@
 
 #include <iosfwd>
 
-class YV_OutputFile;
-
 class GEN_POACxx : public virtual GEN_CPlusPlus {
 public:
     GEN_POACxx();
@@ -56,9 +54,6 @@ private:
     // `base` joined to `ext`: "S." between them unless `ext` holds a "."
     // (then it is the whole suffix).
     static YV_String skeleton_file_name(const YV_String& base, const YV_String& ext);
-    // Opens `path` for writing; on failure writes the message that `what`
-    // introduces and ends the process with status 99.
-    void open_or_exit(YV_OutputFile& out, const YV_String& path, const char* what) const;
     // "#include" of one of this file's own headers: between double quotes,
     // or between angle brackets after the include prefix when there is one.
     void output_own_include(std::ostream& os, const YV_String& file) const;

@@ -14,24 +14,15 @@
 #include "VIS_POA_TIE_HH_Factory.h"
 #include "Visitor.h"
 
-#include <cctype>
-#include <cstdlib>
 #include "YV_OutputFile.h"
+
+#include <cctype>
 #include <iostream>
 #include <memory>
 
 YV_String GEN_POACxx::skeleton_file_name(const YV_String& base, const YV_String& ext)
 {
     return base + (ext.contains(".") ? "" : "S.") + ext;
-}
-
-void GEN_POACxx::open_or_exit(YV_OutputFile& out, const YV_String& path, const char* what) const
-{
-    out.open(path.str());
-    if (!out) {
-        std::cerr << global_data()->prog_name() << what << path << " for writing." << std::endl;
-        std::exit(99);
-    }
 }
 
 void GEN_POACxx::output_own_include(std::ostream& os, const YV_String& file) const
@@ -61,7 +52,7 @@ void GEN_POACxx::generate_hh()
 {
     setFileStrings();
     YV_OutputFile out;
-    open_or_exit(out, m_header_dir + m_header_name, ": Error: Could not open ");
+    out.open_or_exit((m_header_dir + m_header_name).str(), global_data()->prog_name(), ": Error: Could not open ");
     outputIncludes(out);
     outputDeclSpec(out);
     output_os_specific_header_stuff(out);
@@ -83,11 +74,12 @@ void GEN_POACxx::generate_hh()
         e.output_exception(std::cerr);
         ties.reset();
         skeletons.reset();
-        out.close();
+        // The header stays as far as it was written.
+        out.commit_or_exit(global_data()->prog_name());
         throw;
     }
     out << "#endif\n";
-    out.close();
+    out.commit_or_exit(global_data()->prog_name());
 }
 
 void GEN_POACxx::generate_impl()
@@ -98,7 +90,8 @@ void GEN_POACxx::generate_impl()
     YV_String header = skeleton_file_name(base, m_header_ext);
 
     YV_OutputFile out;
-    open_or_exit(out, m_stub_dir + skeleton_file_name(base, m_stub_ext), ": error: could not open ");
+    out.open_or_exit((m_stub_dir + skeleton_file_name(base, m_stub_ext)).str(), global_data()->prog_name(),
+                     ": error: could not open ");
     output_copyright(out);
     out << "\n";
     output_own_include(out, header);
@@ -116,10 +109,10 @@ void GEN_POACxx::generate_impl()
     } catch (Visitor::VisitorException& e) {
         e.output_exception(std::cerr);
         definitions.reset();
-        out.close();
+        out.commit_or_exit(global_data()->prog_name());
         throw;
     }
-    out.close();
+    out.commit_or_exit(global_data()->prog_name());
 }
 
 void GEN_POACxx::outputIncludes(std::ostream& os)

@@ -5,6 +5,7 @@
 #include "UTL_ArgParser.h"
 #include "YV_File.h"
 
+#include <climits>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
@@ -13,6 +14,21 @@ namespace {
 
 // The letters the plug-in knows; c, h, s, b, x, i, d, m, p and O take a value.
 const char* const OPTION_GRAMMAR = "c:h:s:b:x:gi:d:tm:p:O:";
+
+// The decimal number at the start of `text`, as atoi reads it (blanks and a
+// sign allowed, 0 when there is no number), except that a number beyond
+// the range of int gives the nearest end of the range instead of wrapping.
+int leading_int(const char* text)
+{
+    if (!text)
+        return 0;
+    const long long v = std::strtoll(text, nullptr, 10);
+    if (v > INT_MAX)
+        return INT_MAX;
+    if (v < INT_MIN)
+        return INT_MIN;
+    return static_cast<int>(v);
+}
 
 // A directory as given, with one separator at its end unless it is empty.
 YV_String as_directory(const char* text)
@@ -73,7 +89,7 @@ void GEN_POACxx::apply_option(int letter, char sign, const char* value, long on,
             m_exclude_patterns.insert(value, value);
         break;
     case 'p':
-        m_hash_max = std::atoi(value);
+        m_hash_max = leading_int(value);
         break;
     case 'O':
         if (value[0] == 'h')
