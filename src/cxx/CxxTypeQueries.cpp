@@ -37,8 +37,10 @@ bool is_defined_aggregate(AST_Type* t)
 bool is_native(AST_Type* t) { return t && CxxTypeMapping::kind_of(t) == CxxTypeMapping::K_native; }
 
 // `open` holds the aggregates being examined further up, so that a
-// structure reached again through its own members ends the descent.
-bool fixed_length(AST_Type* t, std::set<AST_Decl*>& open)
+// structure reached again through its own members ends the descent; `cut`
+// is set when that happened, since the answer then depends on the path and
+// is not kept with the type.
+bool fixed_length(AST_Type* t, std::set<AST_Decl*>& open, bool& cut)
 {
     AST_Type* r = CxxTypeMapping::resolved(t);
     if (!r)
@@ -50,23 +52,34 @@ bool fixed_length(AST_Type* t, std::set<AST_Decl*>& open)
     case CxxTypeMapping::K_fixed:
         return true;
     case CxxTypeMapping::K_array:
-        return fixed_length(AST_Array::narrow_from_decl(r)->base_type(), open);
+        return fixed_length(AST_Array::narrow_from_decl(r)->base_type(), open, cut);
     case CxxTypeMapping::K_struct:
     case CxxTypeMapping::K_union:
     case CxxTypeMapping::K_exception: {
+        if (r->known_length() != AST_Type::Length::Unknown)
+            return r->known_length() == AST_Type::Length::Fixed;
         // A structure or union seen only in a forward declaration counts
         // as variable: its members are unknown.
-        if (!is_defined_aggregate(r) || !open.insert(r).second)
+        if (!is_defined_aggregate(r))
             return false;
+        if (!open.insert(r).second) {
+            cut = true;
+            return false;
+        }
         bool fixed = true;
+        bool inner_cut = false;
         for (const auto& d : DeclAsScope(r)->decls()) {
             AST_Field* f = AST_Field::narrow_from_decl(d.get());
-            if (f && !fixed_length(f->field_type(), open)) {
+            if (f && !fixed_length(f->field_type(), open, inner_cut)) {
                 fixed = false;
                 break;
             }
         }
         open.erase(r);
+        if (inner_cut)
+            cut = true;
+        else
+            r->set_known_length(fixed ? AST_Type::Length::Fixed : AST_Type::Length::Variable);
         return fixed;
     }
     default:
@@ -95,7 +108,8 @@ bool attr_has_natives(AST_Attribute* a) { return a && is_native(a->field_type())
 bool isFixedLength(AST_Type* t)
 {
     std::set<AST_Decl*> open;
-    return fixed_length(t, open);
+    bool cut = false;
+    return fixed_length(t, open, cut);
 }
 
 bool isRootScope(UTL_Scope* s)

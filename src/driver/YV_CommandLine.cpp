@@ -62,6 +62,8 @@ void YV_CommandLine::parse_option(int argc, const char* const* argv, int& i)
     } else if (arg.compare(0, 2, "-U") == 0) {
         if (const char* name = option_value(argc, argv, i, "a macro name"))
             add_undefine(name);
+    } else if (arg.compare(0, 6, "-fmax-") == 0) {
+        parse_limit(arg);
     } else if (!parse_backend_switch(arg)) {
         m_errors.push_back("unknown option " + quoted(arg) + " (see --help)");
     }
@@ -96,6 +98,35 @@ void YV_CommandLine::add_undefine(const std::string& name)
         return;
     }
     m_frontend.undefines.push_back(name);
+}
+
+void YV_CommandLine::parse_limit(const std::string& arg)
+{
+    const std::size_t eq = arg.find('=');
+    const std::string name = arg.substr(6, eq == std::string::npos ? std::string::npos : eq - 6);
+    const std::string value = eq == std::string::npos ? std::string() : arg.substr(eq + 1);
+    IDL_Limits probe;
+    if (!probe.set(name, 1)) {
+        m_errors.push_back("unknown limit " + quoted(arg) + " (see --help)");
+        return;
+    }
+    // A positive decimal number; more than any machine could reach is
+    // the same as no limit, so the digits are capped, not rejected.
+    std::size_t n = 0;
+    bool number = !value.empty() && value.size() <= 30;
+    for (char c : value) {
+        if (c < '0' || c > '9') {
+            number = false;
+            break;
+        }
+        const std::size_t digit = static_cast<std::size_t>(c - '0');
+        n = n > (static_cast<std::size_t>(-1) - digit) / 10 ? static_cast<std::size_t>(-1) : n * 10 + digit;
+    }
+    if (!number || n == 0) {
+        m_errors.push_back("option " + quoted(arg) + " needs a positive number after '='");
+        return;
+    }
+    m_frontend.limits.set(name, n);
 }
 
 bool YV_CommandLine::parse_backend_switch(const std::string& arg)

@@ -1,6 +1,6 @@
 // The driver's command line, taken apart:
 //   yvidl [options] file.idl...
-// Front-end options (-I, -D, -U), the mode switches (-E, -h/--help,
+// Front-end options (-I, -D, -U, -fmax-<limit>=<n>), the mode switches (-E, -h/--help,
 // --version), the back-end switches (-<backend>[:<options>]) in the order
 // given, and the IDL files. Problems are collected, never thrown.
 #ifndef YV_COMMANDLINE_H
@@ -48,6 +48,8 @@ private:
     void add_define(const std::string& text);
     void add_undefine(const std::string& name);
     bool parse_backend_switch(const std::string& arg);
+    // -fmax-<name>=<n>: sets one of the front end's limits.
+    void parse_limit(const std::string& arg);
 
     IDL_FrontendOptions m_frontend;
     std::vector<BackendSwitch> m_backends;

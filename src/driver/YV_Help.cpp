@@ -2,6 +2,7 @@
 
 #include "YV_BackendInfo.h"
 #include "YV_BackendLoader.h"
+#include "IDL_Limits.h"
 
 #include <iomanip>
 #include <ostream>
@@ -53,7 +54,13 @@ void YV_Help::print_driver_usage(std::ostream& out)
     option_line(out, "-E", "Write the preprocessed text to standard output; run no back end.");
     option_line(out, "-h, --help", "Show this help, with the back ends' options.");
     option_line(out, "--version", "Show the compiler's version.");
+    option_line(out, "-fmax-<name>=<n>", "Raise (or lower) one of the limits below.");
     option_line(out, "--", "Take every later argument as a file name.");
+    out << "\nLimits on what one input may make the compiler do (-fmax-<name>=<n>;\n"
+           "reaching one is an error at the place where it happened):\n";
+    const IDL_Limits defaults;
+    for (const IDL_Limits::Entry* e = IDL_Limits::begin_entries(); e != IDL_Limits::end_entries(); ++e)
+        option_line(out, std::string(e->name) + " = " + std::to_string(defaults.*(e->member)), e->meaning);
     out << "\nBack ends (several may be given; each runs in turn, in command-line order,\n"
            "for every file; output files go to the current directory unless the\n"
            "back end's options say otherwise):\n";

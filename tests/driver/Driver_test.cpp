@@ -21,6 +21,7 @@ TEST_F(DriverTest, VersionAndHelpGoToStandardOutput)
         for (const char* expected :
              {"Usage: yvidl [options] file.idl...", "-I<dir>", "-D<name>[=<value>]", "-U<name>", "-E", "--version",
               "-poa[:<options>]", "-base[:<options>]", "\t\t\tGenerates code for the POA C++ OMG Mapping.\n",
+              "-fmax-<name>=<n>", "includes = 10000", "inherited = 1000000", "typedef-depth = 256",
               "\t\t\t-xTIE           Generate POA TIE classes\n", "AMICallbacks", "NoNamespaces", "AMIPolling"})
             EXPECT_NE(h.out.find(expected), std::string::npos) << "missing: " << expected;
     }
@@ -175,6 +176,10 @@ TEST_F(DriverTest, BadCommandLinesAreUsageErrors)
         {{"-poa"}, "no input files"},
         {{}, "no input files"},
         {{"-" + std::string(100000, 'z')}, "unknown option '-zzz"},
+        {{"-fmax-nope=3", "x.idl"}, "unknown limit '-fmax-nope=3'"},
+        {{"-fmax-includes", "x.idl"}, "option '-fmax-includes' needs a positive number after '='"},
+        {{"-fmax-includes=0", "x.idl"}, "option '-fmax-includes=0' needs a positive number after '='"},
+        {{"-fmax-nesting=1e3", "x.idl"}, "option '-fmax-nesting=1e3' needs a positive number after '='"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.message);
@@ -184,6 +189,25 @@ TEST_F(DriverTest, BadCommandLinesAreUsageErrors)
         EXPECT_LT(r.err.size(), 1000u);
     }
     EXPECT_EQ(outputs(), Names{});
+}
+
+TEST_F(DriverTest, LimitsAreSetOnTheCommandLine)
+{
+    std::string deep;
+    for (int i = 0; i < 20; ++i)
+        deep += "module m { ";
+    for (int i = 0; i < 20; ++i)
+        deep += "};";
+    yvtest::write_file(m_dir + "/deep.idl", deep + "\n");
+    auto low = yvidl({"-fmax-nesting=10", "deep.idl"});
+    EXPECT_EQ(low.status, 1);
+    EXPECT_NE(low.err.find("deep.idl:1:118: error: declarations nest more than 10 levels deep (-fmax-nesting=N raises "
+                           "the limit)"),
+              std::string::npos)
+        << low.err;
+    // The last one given counts; a number beyond any machine is no limit.
+    auto raised = yvidl({"-fmax-nesting=10", "-fmax-nesting=99999999999999999999999", "deep.idl"});
+    EXPECT_EQ(raised.status, 0) << raised.err;
 }
 
 TEST_F(DriverTest, UnreadableInputsAreReported)

@@ -41,10 +41,11 @@ namespace fetest {
 namespace {
 
 Parsed run(const std::function<std::unique_ptr<IDL_GlobalData>(IDL_Frontend&)>& how,
-           const std::vector<std::string>& include_dirs)
+           const std::vector<std::string>& include_dirs, const IDL_Limits& limits = IDL_Limits())
 {
     IDL_FrontendOptions options;
     options.include_dirs = include_dirs;
+    options.limits = limits;
     IDL_Frontend frontend(options);
     Parsed p;
     long before = idl_error_count();
@@ -244,7 +245,7 @@ void dump_decl(std::ostream& os, AST_Decl* d, int level, Place place)
 
 AST_Decl* find_in(UTL_Scope* s, const std::vector<std::string>& parts, std::size_t i)
 {
-    auto try_list = [&](const std::vector<std::unique_ptr<AST_Decl>>& list) -> AST_Decl* {
+    auto try_list = [&](const auto& list) -> AST_Decl* {
         for (const auto& d : list) {
             if (d->local_name()->str() != parts[i] || d->node_type() == AST_Decl::NT_cbe_specific)
                 continue;
@@ -287,6 +288,14 @@ Parsed parse(const std::string& text, const std::string& name,
 Parsed parse_file(const std::string& path, const std::vector<std::string>& include_dirs)
 {
     return run([&](IDL_Frontend& fe) { return fe.parse_file(path); }, include_dirs);
+}
+
+Parsed parse_limited(const std::string& text, const IDL_Limits& limits, const std::string& include_dir)
+{
+    std::vector<std::string> dirs;
+    if (!include_dir.empty())
+        dirs.push_back(include_dir);
+    return run([&](IDL_Frontend& fe) { return fe.parse_text("main.idl", text); }, dirs, limits);
 }
 
 std::string scoped(AST_Decl* d)

@@ -4,6 +4,7 @@
 #define FRONTENDTESTSUPPORT_H
 
 #include "IDL_GlobalData.h"
+#include "IDL_Limits.h"
 
 #include <memory>
 #include <string>
@@ -27,6 +28,9 @@ Parsed parse(const std::string& text, const std::string& name = "main.idl",
              const std::vector<std::pair<std::string, std::string>>& files = {});
 // Parses a file on disk with the given include directories.
 Parsed parse_file(const std::string& path, const std::vector<std::string>& include_dirs);
+// Parses `text` as main.idl under other limits than the defaults, with an
+// include directory when `include_dir` is not empty.
+Parsed parse_limited(const std::string& text, const IDL_Limits& limits, const std::string& include_dir = "");
 
 // The tree as indented text: one line per declaration with its kind, name,
 // properties, position (file name without directories) and repository id.

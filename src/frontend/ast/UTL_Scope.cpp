@@ -2,6 +2,8 @@
 
 #include "AST_Decl.h"
 
+#include <iterator>
+
 UTL_Scope::~UTL_Scope() = default;
 
 AST_Decl* UTL_Scope::add_decl(std::unique_ptr<AST_Decl> d)
@@ -29,19 +31,21 @@ AST_Decl* UTL_Scope::lookup_local(const std::string& name) const
 AST_Decl* UTL_Scope::add_pending(std::unique_ptr<AST_Decl> d)
 {
     d->set_defined_in(this);
+    AST_Decl* node = d.get();
     m_pending.push_back(std::move(d));
-    return m_pending.back().get();
+    m_pending_at[node] = std::prev(m_pending.end());
+    return node;
 }
 
 std::unique_ptr<AST_Decl> UTL_Scope::take_pending(AST_Decl* d)
 {
-    for (auto it = m_pending.begin(); it != m_pending.end(); ++it)
-        if (it->get() == d) {
-            std::unique_ptr<AST_Decl> out = std::move(*it);
-            m_pending.erase(it);
-            return out;
-        }
-    return nullptr;
+    const auto at = m_pending_at.find(d);
+    if (at == m_pending_at.end())
+        return nullptr;
+    std::unique_ptr<AST_Decl> out = std::move(*at->second);
+    m_pending.erase(at->second);
+    m_pending_at.erase(at);
+    return out;
 }
 
 AST_Decl* ScopeAsDecl(UTL_Scope* s) { return s ? s->scope_as_decl() : nullptr; }

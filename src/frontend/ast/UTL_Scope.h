@@ -6,8 +6,10 @@
 #ifndef UTL_SCOPE_H
 #define UTL_SCOPE_H
 
+#include <list>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 class AST_Decl;
@@ -45,12 +47,18 @@ public:
     AST_Decl* add_pending(std::unique_ptr<AST_Decl> d);
     // Gives up a pending node; null when this scope does not hold it.
     std::unique_ptr<AST_Decl> take_pending(AST_Decl* d);
-    const std::vector<std::unique_ptr<AST_Decl>>& pending() const { return m_pending; }
+    // In the order of their forward declarations.
+    const std::list<std::unique_ptr<AST_Decl>>& pending() const { return m_pending; }
 
 private:
+    using PendingList = std::list<std::unique_ptr<AST_Decl>>;
+
     std::vector<std::unique_ptr<AST_Decl>> m_decls;
     std::vector<std::unique_ptr<AST_Decl>> m_local_types;
-    std::vector<std::unique_ptr<AST_Decl>> m_pending;
+    PendingList m_pending;
+    // Where each pending node is, so that taking one costs the same in a
+    // scope of many forward declarations.
+    std::unordered_map<const AST_Decl*, PendingList::iterator> m_pending_at;
 };
 
 // The declaration a scope belongs to; null for a null scope.

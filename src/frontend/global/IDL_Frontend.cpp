@@ -15,7 +15,7 @@ namespace {
 // Lexes, parses and checks preprocessed text; null when any error was
 // reported on the way (preprocessing included).
 std::unique_ptr<IDL_GlobalData> build(const PP_Result& pp, bool pp_ok, long errors_before,
-                                      const std::string& main_file, const std::string& prog_name)
+                                      const std::string& main_file, const IDL_FrontendOptions& options)
 {
     auto root = std::make_unique<AST_Root>();
     if (pp_ok) {
@@ -23,13 +23,13 @@ std::unique_ptr<IDL_GlobalData> build(const PP_Result& pp, bool pp_ok, long erro
         lexer.run();
         IDL_Names names(root.get());
         IDL_RepoIds ids;
-        IDL_Parser parser(lexer, root.get(), names, ids);
+        IDL_Parser parser(lexer, root.get(), names, ids, options.limits);
         parser.parse();
         ids.assign();
     }
     if (!pp_ok || idl_error_count() != errors_before)
         return nullptr;
-    auto gd = std::make_unique<IDL_GlobalData>(std::move(root), main_file, prog_name);
+    auto gd = std::make_unique<IDL_GlobalData>(std::move(root), main_file, options.prog_name);
     for (const PP_Include& inc : pp.includes)
         gd->add_included_file(inc.written, inc.flag);
     return gd;
@@ -42,7 +42,7 @@ std::unique_ptr<IDL_GlobalData> IDL_Frontend::parse_file(const std::string& path
     long before = idl_error_count();
     PP_Result pp;
     bool ok = IDL_Preprocessor(m_options).run_file(path, pp);
-    return build(pp, ok && idl_error_count() == before, before, path, m_options.prog_name);
+    return build(pp, ok && idl_error_count() == before, before, path, m_options);
 }
 
 std::unique_ptr<IDL_GlobalData> IDL_Frontend::parse_text(const std::string& file_name, const std::string& text)
@@ -50,7 +50,7 @@ std::unique_ptr<IDL_GlobalData> IDL_Frontend::parse_text(const std::string& file
     long before = idl_error_count();
     PP_Result pp;
     bool ok = IDL_Preprocessor(m_options).run_text(file_name, text, pp);
-    return build(pp, ok && idl_error_count() == before, before, file_name, m_options.prog_name);
+    return build(pp, ok && idl_error_count() == before, before, file_name, m_options);
 }
 
 bool IDL_Frontend::preprocess_file(const std::string& path, std::ostream& out)

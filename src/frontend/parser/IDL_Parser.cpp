@@ -40,6 +40,7 @@
 #include <algorithm>
 #include <cctype>
 #include <set>
+#include <unordered_set>
 #include <utility>
 
 namespace {
@@ -83,14 +84,15 @@ const char* kind_word(AST_Decl::NodeType k)
 
 } // namespace
 
-// Counts one level of nesting; stops the parse beyond kMaxNesting.
+// Counts one level of nesting; stops the parse beyond the nesting limit.
 class IDL_Parser::Nesting {
 public:
     Nesting(IDL_Parser& p, const IDL_Token& at) : m_p(p)
     {
-        if (++m_p.m_nesting > kMaxNesting) {
+        if (++m_p.m_nesting > m_p.m_limits.nesting) {
             --m_p.m_nesting;
-            m_p.error(IDL_Diag::NESTING_TOO_DEEP, at, {std::to_string(kMaxNesting)});
+            m_p.error(IDL_Diag::NESTING_TOO_DEEP, at,
+                      {std::to_string(m_p.m_limits.nesting), IDL_Limits::option_of(&IDL_Limits::nesting)});
             throw Abort{};
         }
     }
@@ -131,9 +133,10 @@ private:
 
 } // namespace
 
-IDL_Parser::IDL_Parser(IDL_Lexer& lexer, AST_Root* root, IDL_Names& names, IDL_RepoIds& ids)
+IDL_Parser::IDL_Parser(IDL_Lexer& lexer, AST_Root* root, IDL_Names& names, IDL_RepoIds& ids,
+                       const IDL_Limits& limits)
     : m_lexer(lexer), m_tokens(lexer.take_tokens()), m_root(root), m_names(names), m_ids(ids),
-      m_predefined(root, names)
+      m_predefined(root, names), m_limits(limits)
 {
     if (m_tokens.empty())
         m_tokens.emplace_back();
@@ -269,6 +272,7 @@ void IDL_Parser::handle_directives(UTL_Scope* s)
 {
     const std::vector<IDL_Directive>& dirs = m_lexer.directives();
     while (m_next_directive < dirs.size() && dirs[m_next_directive].before <= m_pos) {
+        check_error_limit();
         const IDL_Directive& d = dirs[m_next_directive++];
         switch (d.kind) {
         case IDL_Directive::Prefix: m_ids.set_prefix(d.arg, depth_of(s)); break;
@@ -314,26 +318,68 @@ void IDL_Parser::check_inherited_clashes(UTL_Scope* s, std::size_t direct_bases,
         IDL_Checks::inherited_clashes(IDL_Checks::ancestors(s), loc(at));
 }
 
-void IDL_Parser::check_argument_name(UTL_Scope* owner, AST_Decl* arg, const IDL_Token& at)
+void IDL_Parser::check_argument_name(ArgumentNames& seen, const std::string& name, const IDL_Token& at)
 {
-    const std::string& name = arg->local_name()->str();
-    auto fold_equal = [](const std::string& a, const std::string& b) {
-        return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-                   return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-               });
-    };
-    for (const auto& d : owner->decls()) {
-        if (d.get() == arg)
-            break;
-        const std::string& other = d->local_name()->str();
-        if (!fold_equal(name, other))
-            continue;
-        if (other == name)
-            error(IDL_Diag::REDEFINITION, at, {name});
-        else
-            error(IDL_Diag::REDEFINITION_CASE, at, {name, other});
+    std::string folded(name);
+    for (char& c : folded)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    const auto [it, fresh] = seen.emplace(std::move(folded), name);
+    if (fresh)
         return;
+    if (it->second == name)
+        error(IDL_Diag::REDEFINITION, at, {name});
+    else
+        error(IDL_Diag::REDEFINITION_CASE, at, {name, it->second});
+}
+
+void IDL_Parser::charge_inheritance(UTL_Scope* s, const IDL_Token& at)
+{
+    // Counted only up to what is left, so the count itself stays bounded.
+    const std::size_t left = m_limits.inherited - std::min(m_inherited, m_limits.inherited);
+    const std::size_t cost = IDL_Checks::inheritance_cost(s, left + 1);
+    m_inherited += cost;
+    if (cost > left) {
+        error(IDL_Diag::INHERITED_TOO_MUCH, at,
+              {std::string(at.text), std::to_string(m_limits.inherited), IDL_Limits::option_of(&IDL_Limits::inherited)});
+        throw Abort{};
     }
+}
+
+AST_Decl* IDL_Parser::held_aggregate(AST_Type* t) const
+{
+    while (AST_Array* a = AST_Array::narrow_from_decl(t))
+        t = a->base_type();
+    if (!t)
+        return nullptr;
+    if (AST_Typedef::narrow_from_decl(t)) {
+        const auto it = m_held.find(t);
+        return it == m_held.end() ? nullptr : it->second;
+    }
+    if (AST_Structure::narrow_from_decl(t) || AST_Union::narrow_from_decl(t))
+        return t;
+    return nullptr;
+}
+
+void IDL_Parser::typedef_defined(AST_Decl* td, AST_Type* base, const IDL_Token& at)
+{
+    m_held[td] = held_aggregate(base);
+    // Arrays and sequences between two typedefs do not end the chain.
+    AST_Type* t = base;
+    for (;;) {
+        if (AST_Array* a = AST_Array::narrow_from_decl(t))
+            t = a->base_type();
+        else if (AST_Sequence* q = AST_Sequence::narrow_from_decl(t))
+            t = q->base_type();
+        else
+            break;
+    }
+    const auto below = t ? m_typedef_depth.find(t) : m_typedef_depth.end();
+    const std::size_t depth = 1 + (below == m_typedef_depth.end() ? 0 : below->second);
+    m_typedef_depth[td] = depth;
+    if (depth == m_limits.typedef_depth + 1)
+        error(IDL_Diag::TYPEDEF_TOO_DEEP, at,
+              {std::string(at.text), std::to_string(m_limits.typedef_depth),
+               IDL_Limits::option_of(&IDL_Limits::typedef_depth)});
 }
 
 void IDL_Parser::own_anonymous(UTL_Scope* s, TypeSpec& ts)
@@ -548,6 +594,7 @@ std::vector<AST_Interface*> IDL_Parser::interface_bases(UTL_Scope* s, const std:
                                                        bool is_local)
 {
     std::vector<AST_Interface*> out;
+    std::unordered_set<AST_Decl*> named;
     do {
         IDL_ScopedName n = scoped_name();
         AST_Decl* d = resolve(s, n);
@@ -562,7 +609,7 @@ std::vector<AST_Interface*> IDL_Parser::interface_bases(UTL_Scope* s, const std:
                                    {n.text()});
         } else if (!b->is_defined()) {
             report(IDL_Diag::INHERIT_FORWARD);
-        } else if (std::find(out.begin(), out.end(), b) != out.end()) {
+        } else if (!named.insert(b).second) {
             report(IDL_Diag::INHERIT_TWICE);
         } else if (is_abstract && !b->is_abstract()) {
             report(IDL_Diag::INHERIT_ABSTRACT);
@@ -601,6 +648,7 @@ void IDL_Parser::interface_dcl(UTL_Scope* s, bool is_abstract, bool is_local)
     i->set_defined(true);
     m_names.add_scope(i);
     m_names.set_bases(i, std::vector<UTL_Scope*>(bases.begin(), bases.end()));
+    charge_inheritance(i, name);
     check_inherited_clashes(i, bases.size(), name);
     ScopeFrame frame(*this, name);
     body(i, Body::Interface);
@@ -626,6 +674,7 @@ void IDL_Parser::value_dcl(UTL_Scope* s, bool is_abstract, bool is_custom)
         IDL_Diagnostics::error(id, sn.loc().file_name(), sn.loc().line, sn.loc().column, {a, b});
     };
     std::vector<AST_Value*> bases;
+    std::unordered_set<AST_Decl*> named;
     bool truncatable = false;
     if (accept(IDL_Tok::Colon)) {
         truncatable = accept(IDL_Tok::KwTruncatable);
@@ -639,7 +688,7 @@ void IDL_Parser::value_dcl(UTL_Scope* s, bool is_abstract, bool is_custom)
                 report(IDL_Diag::NOT_A_VALUE, sn, sn.text(), "");
             else if (!b->is_defined())
                 report(IDL_Diag::INHERIT_FORWARD, sn, n, sn.text());
-            else if (std::find(bases.begin(), bases.end(), b) != bases.end())
+            else if (!named.insert(b).second)
                 report(IDL_Diag::INHERIT_TWICE, sn, n, sn.text());
             else
                 bases.push_back(b);
@@ -657,7 +706,7 @@ void IDL_Parser::value_dcl(UTL_Scope* s, bool is_abstract, bool is_custom)
                 report(IDL_Diag::NOT_AN_INTERFACE, sn, sn.text(), "");
             else if (!b->is_defined())
                 report(IDL_Diag::INHERIT_FORWARD, sn, n, sn.text());
-            else if (std::find(supports.begin(), supports.end(), b) != supports.end())
+            else if (!named.insert(b).second)
                 report(IDL_Diag::INHERIT_TWICE, sn, n, sn.text());
             else
                 supports.push_back(b);
@@ -675,6 +724,7 @@ void IDL_Parser::value_dcl(UTL_Scope* s, bool is_abstract, bool is_custom)
     std::vector<UTL_Scope*> lookup_bases(bases.begin(), bases.end());
     lookup_bases.insert(lookup_bases.end(), supports.begin(), supports.end());
     m_names.set_bases(v, lookup_bases);
+    charge_inheritance(v, name);
     check_inherited_clashes(v, lookup_bases.size(), name);
     ScopeFrame frame(*this, name);
     body(v, Body::Value);
@@ -725,6 +775,7 @@ void IDL_Parser::factory_dcl(AST_Value* v)
     m_names.declare(v, n, f, loc(name));
     Nesting nesting(*this, name);
     expect(IDL_Tok::LParen);
+    ArgumentNames names;
     if (!at(IDL_Tok::RParen)) {
         do {
             expect(IDL_Tok::KwIn);
@@ -733,9 +784,8 @@ void IDL_Parser::factory_dcl(AST_Value* v)
             IDL_Token an = expect_identifier("an argument name");
             check_by_value(ts.type, an);
             std::string a(an.text);
-            AST_Decl* arg = place(
-                f, std::make_unique<AST_Argument>(AST_Argument::dir_IN, ts.type, UTL_IdList(Identifier(a))), an);
-            check_argument_name(f, arg, an);
+            place(f, std::make_unique<AST_Argument>(AST_Argument::dir_IN, ts.type, UTL_IdList(Identifier(a))), an);
+            check_argument_name(names, a, an);
             own_anonymous(f, ts);
         } while (accept(IDL_Tok::Comma));
     }
@@ -787,6 +837,7 @@ void IDL_Parser::typedef_dcl(UTL_Scope* s)
     for (const Declarator& d : declarators(s)) {
         AST_Type* t = declarator_type(ts.type, d, ts);
         AST_Decl* td = place(s, std::make_unique<AST_Typedef>(t, Identifier(d.name)), d.token);
+        typedef_defined(td, t, d.token);
         m_names.declare(s, d.name, td, loc(d.token));
         m_ids.declared(td);
     }
@@ -1007,6 +1058,7 @@ void IDL_Parser::op_dcl(UTL_Scope* s)
     check_by_value(ret.type, type_at);
     Nesting nesting(*this, name);
     expect(IDL_Tok::LParen);
+    ArgumentNames names;
     if (!at(IDL_Tok::RParen)) {
         do {
             AST_Argument::Direction dir = AST_Argument::dir_IN;
@@ -1024,8 +1076,8 @@ void IDL_Parser::op_dcl(UTL_Scope* s)
             IDL_Token an = expect_identifier("an argument name");
             check_by_value(ts.type, arg_type_at);
             std::string a(an.text);
-            AST_Decl* arg = place(op, std::make_unique<AST_Argument>(dir, ts.type, UTL_IdList(Identifier(a))), an);
-            check_argument_name(op, arg, an);
+            place(op, std::make_unique<AST_Argument>(dir, ts.type, UTL_IdList(Identifier(a))), an);
+            check_argument_name(names, a, an);
             own_anonymous(op, ts);
         } while (accept(IDL_Tok::Comma));
     }
@@ -1309,7 +1361,13 @@ AST_Type* IDL_Parser::declarator_type(AST_Type* base, const Declarator& d, TypeS
     return t;
 }
 
-void IDL_Parser::check_by_value(AST_Type* t, const IDL_Token& where) { IDL_Checks::complete_by_value(t, loc(where)); }
+void IDL_Parser::check_by_value(AST_Type* t, const IDL_Token& where)
+{
+    // The aggregate is found through the typedefs' records, not by walking
+    // their chains again at every use.
+    if (AST_Decl* held = held_aggregate(t))
+        IDL_Checks::complete_by_value(AST_Type::narrow_from_decl(held), loc(where));
+}
 
 // ------------------------------------------------------------------ names
 

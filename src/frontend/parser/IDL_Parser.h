@@ -6,7 +6,8 @@
 //
 // Errors are reported where they are found. After a syntax error the parser
 // skips to the end of the declaration and goes on, so several errors can be
-// reported; nesting deeper than kMaxNesting and too many errors stop it.
+// reported; nesting deeper than the nesting limit, inheritance beyond its
+// limit and too many errors stop it.
 #ifndef IDL_PARSER_H
 #define IDL_PARSER_H
 
@@ -14,6 +15,7 @@
 #include "AST_Expression.h"
 #include "IDL_ConstEval.h"
 #include "IDL_Lexer.h"
+#include "IDL_Limits.h"
 #include "IDL_Predefined.h"
 #include "IDL_ScopedName.h"
 
@@ -38,12 +40,11 @@ class UTL_Scope;
 
 class IDL_Parser {
 public:
-    // Levels of nested scopes, types and expressions the parser accepts.
-    static constexpr int kMaxNesting = 256;
     // Errors after which parsing stops.
     static constexpr long kMaxErrors = 100;
 
-    IDL_Parser(IDL_Lexer& lexer, AST_Root* root, IDL_Names& names, IDL_RepoIds& ids);
+    // `limits` bound nesting, inheritance and typedef chains.
+    IDL_Parser(IDL_Lexer& lexer, AST_Root* root, IDL_Names& names, IDL_RepoIds& ids, const IDL_Limits& limits);
 
     // Parses every token into the root.
     void parse();
@@ -95,9 +96,21 @@ private:
     void own_anonymous(UTL_Scope* s, TypeSpec& ts);
     // Checks the members an interface or value type inherits for clashes.
     void check_inherited_clashes(UTL_Scope* s, std::size_t direct_bases, const IDL_Token& at);
+    // The argument names of one operation or factory so far, folded to
+    // lower case, with their spelling.
+    using ArgumentNames = std::unordered_map<std::string, std::string>;
     // Reports an argument named like an earlier one of the same operation
-    // or factory (ignoring case).
-    void check_argument_name(UTL_Scope* owner, AST_Decl* arg, const IDL_Token& at);
+    // or factory (ignoring case), and records it.
+    void check_argument_name(ArgumentNames& seen, const std::string& name, const IDL_Token& at);
+    // Counts what the interface or value type `s` inherits against the
+    // inheritance limit; stops the parse beyond it.
+    void charge_inheritance(UTL_Scope* s, const IDL_Token& at);
+    // The structure or union a value of type `t` holds directly, through
+    // typedefs and arrays (typedefs answer from m_held); null when none.
+    AST_Decl* held_aggregate(AST_Type* t) const;
+    // Records a new typedef's chain depth and held aggregate; reports a
+    // chain deeper than the limit.
+    void typedef_defined(AST_Decl* td, AST_Type* base, const IDL_Token& at);
     std::size_t depth_of(UTL_Scope* s) const;
 
     // Declarations.
@@ -171,7 +184,14 @@ private:
     IDL_Names& m_names;
     IDL_RepoIds& m_ids;
     IDL_Predefined m_predefined;
-    int m_nesting = 0;
+    const IDL_Limits& m_limits;
+    std::size_t m_nesting = 0;
+    // Ancestors and inherited declarations counted so far (charge_inheritance).
+    std::size_t m_inherited = 0;
+    // Per typedef: how many typedefs its chain holds, itself included, and
+    // the aggregate it holds by value.
+    std::unordered_map<const AST_Decl*, std::size_t> m_typedef_depth;
+    std::unordered_map<const AST_Decl*, AST_Decl*> m_held;
     long m_error_base = 0;
     // Inside <...> of a template type: '>' ends the bound, it is no operator.
     bool m_in_template = false;

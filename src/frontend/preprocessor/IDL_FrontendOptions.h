@@ -1,8 +1,10 @@
 // What the command line tells the front end: where includes are searched,
-// the macros defined and undefined before the file is read, and the
-// compiler's name for messages.
+// the macros defined and undefined before the file is read, the compiler's
+// name for messages, and the limits on what one input may cost.
 #ifndef IDL_FRONTENDOPTIONS_H
 #define IDL_FRONTENDOPTIONS_H
+
+#include "IDL_Limits.h"
 
 #include <string>
 #include <utility>
@@ -18,6 +20,8 @@ struct IDL_FrontendOptions {
     std::vector<std::string> undefines;
     // The compiler's name, for messages and the global data.
     std::string prog_name = "yvidl";
+    // What one input may make the front end do (-fmax-<name>=<n>).
+    IDL_Limits limits;
 };
 
 #endif

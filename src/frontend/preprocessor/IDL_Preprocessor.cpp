@@ -44,8 +44,8 @@ bool is_quoted_string(const PP_Token& tok)
 } // namespace
 
 IDL_Preprocessor::IDL_Preprocessor(const IDL_FrontendOptions& options)
-    : m_options(options), m_expander(m_macros, m_arena, *this), m_line_expander(m_macros, m_arena, *this),
-      m_evaluator(*this)
+    : m_options(options), m_expander(m_macros, m_arena, *this, m_options.limits, m_budget),
+      m_line_expander(m_macros, m_arena, *this, m_options.limits, m_budget), m_evaluator(*this, m_options.limits)
 {
 }
 
@@ -59,11 +59,17 @@ IDL_Preprocessor::~IDL_Preprocessor()
 
 bool IDL_Preprocessor::run_file(const std::string& path, PP_Result& out)
 {
-    m_files.clear();
+    m_files.clear(m_options.limits.preprocessed_size);
     PP_FileEntry* entry = nullptr;
-    if (m_files.load(path, entry) != PP_FileCache::Status::Found) {
+    const PP_FileCache::Status status = m_files.load(path, entry);
+    if (status != PP_FileCache::Status::Found) {
         out = PP_Result();
-        IDL_Diagnostics::error(IDL_Diag::FILE_CANNOT_OPEN, path, 1, 1, {path});
+        if (status == PP_FileCache::Status::TooLarge)
+            IDL_Diagnostics::error(IDL_Diag::PP_INPUT_TOO_LARGE, path, 1, 1,
+                                   {path, std::to_string(m_options.limits.preprocessed_size),
+                                    IDL_Limits::option_of(&IDL_Limits::preprocessed_size)});
+        else
+            IDL_Diagnostics::error(IDL_Diag::FILE_CANNOT_OPEN, path, 1, 1, {path});
         return false;
     }
     return run(entry, path, dir_of(path), true, out);
@@ -71,7 +77,7 @@ bool IDL_Preprocessor::run_file(const std::string& path, PP_Result& out)
 
 bool IDL_Preprocessor::run_text(const std::string& file_name, const std::string& text, PP_Result& out)
 {
-    m_files.clear();
+    m_files.clear(m_options.limits.preprocessed_size);
     return run(m_files.adopt(text), file_name, std::string(), false, out);
 }
 
@@ -83,8 +89,10 @@ bool IDL_Preprocessor::run(PP_FileEntry* main, const std::string& name, const st
     m_out = std::make_unique<PP_OutputWriter>(out.text);
     m_main_name = name;
     m_errors = 0;
+    m_inclusions = 0;
     m_stopped = false;
     m_have_pushback = false;
+    m_budget = PP_MacroExpander::Budget();
     m_expander.reset();
     m_line_expander.reset();
     m_frames.clear();
@@ -109,6 +117,8 @@ bool IDL_Preprocessor::run(PP_FileEntry* main, const std::string& name, const st
             continue;
         }
         m_out->token(tok);
+        if (output_too_large(last_line, last_col))
+            break;
     }
     m_expander.reset();
     m_frames.clear();
@@ -302,6 +312,27 @@ bool IDL_Preprocessor::next_is_lparen()
 
 // ---- Diagnostics ----
 
+bool IDL_Preprocessor::output_too_large(std::uint32_t line, std::uint32_t col)
+{
+    const std::size_t limit = m_options.limits.preprocessed_size;
+    if (m_stopped || m_result->text.size() <= limit)
+        return false;
+    limit_reached(IDL_Diag::PP_TOO_LARGE, line, col, std::string(), limit, &IDL_Limits::preprocessed_size);
+    return true;
+}
+
+void IDL_Preprocessor::limit_reached(IDL_Diag id, std::uint32_t line, std::uint32_t col, std::string subject,
+                                     std::size_t limit, std::size_t IDL_Limits::*member)
+{
+    const std::string value = std::to_string(limit);
+    const std::string option = IDL_Limits::option_of(member);
+    if (subject.empty())
+        error(id, line, col, {value, option});
+    else
+        error(id, line, col, {std::move(subject), value, option});
+    m_stopped = true;
+}
+
 void IDL_Preprocessor::error(IDL_Diag id, std::uint32_t line, std::uint32_t col,
                              std::initializer_list<std::string> args)
 {
@@ -398,6 +429,7 @@ void IDL_Preprocessor::backend_block(Frame& f, bool active)
     for (std::size_t k = 0; k < lines.size(); ++k)
         m_out->line(open_line + 1 + static_cast<std::uint32_t>(k), lines[k]);
     m_out->line(close_line, "%}");
+    output_too_large(open_line, col);
 }
 
 // ---- Directives ----
@@ -855,8 +887,10 @@ void IDL_Preprocessor::do_include(Frame& f, const PP_Token& hash)
 
 void IDL_Preprocessor::include_file(Frame& f, const std::string& name, bool angle, const PP_Token& where)
 {
-    if (m_frames.size() >= kMaxIncludeDepth) {
-        error(IDL_Diag::PP_INCLUDE_TOO_DEEP, where.line, where.col, {std::to_string(kMaxIncludeDepth)});
+    const IDL_Limits& limits = m_options.limits;
+    if (m_frames.size() >= limits.include_depth) {
+        error(IDL_Diag::PP_INCLUDE_TOO_DEEP, where.line, where.col,
+              {std::to_string(limits.include_depth), IDL_Limits::option_of(&IDL_Limits::include_depth)});
         return;
     }
     std::vector<std::string> candidates;
@@ -880,6 +914,11 @@ void IDL_Preprocessor::include_file(Frame& f, const std::string& name, bool angl
             error(IDL_Diag::FILE_CANNOT_OPEN, where.line, where.col, {candidate});
             return;
         }
+        if (status == PP_FileCache::Status::TooLarge) {
+            limit_reached(IDL_Diag::PP_INPUT_TOO_LARGE, where.line, where.col, candidate, limits.preprocessed_size,
+                          &IDL_Limits::preprocessed_size);
+            return;
+        }
     }
     if (path.empty()) {
         error(IDL_Diag::PP_INCLUDE_NOT_FOUND, where.line, where.col, {name});
@@ -899,6 +938,13 @@ void IDL_Preprocessor::include_file(Frame& f, const std::string& name, bool angl
             return;
         }
         break;
+    }
+    // Files that include others more than once without a guard multiply:
+    // the number of inclusions is bounded, not only their depth.
+    if (++m_inclusions > limits.includes) {
+        limit_reached(IDL_Diag::PP_TOO_MANY_INCLUDES, where.line, where.col, std::string(), limits.includes,
+                      &IDL_Limits::includes);
+        return;
     }
     enter(entry, path, dir_of(path), true, false);
 }

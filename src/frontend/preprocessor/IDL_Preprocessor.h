@@ -27,9 +27,8 @@
 
 class IDL_Preprocessor : private PP_TokenSource, private PP_Reporter {
 public:
-    // How many files may be open inside each other, the main file included.
-    static constexpr std::size_t kMaxIncludeDepth = 200;
-    // After this many errors the run stops.
+    // After this many errors the run stops. Other bounds are the options'
+    // limits (IDL_Limits).
     static constexpr std::size_t kMaxErrors = 200;
 
     explicit IDL_Preprocessor(const IDL_FrontendOptions& options);
@@ -121,12 +120,19 @@ private:
     void do_diagnostic(Frame& f, const PP_Token& hash, bool is_error);
     void do_pragma(Frame& f, const PP_Token& hash, Mode mode);
     void expand_line(const std::vector<PP_Token>& in, std::vector<PP_Token>& out);
+    // Reports, and stops the run, when the output has outgrown its limit.
+    bool output_too_large(std::uint32_t line, std::uint32_t col);
+    // Reports a resource limit that was reached and stops the run; the
+    // diagnostic's last two arguments are the limit and its option.
+    void limit_reached(IDL_Diag id, std::uint32_t line, std::uint32_t col, std::string subject, std::size_t limit,
+                       std::size_t IDL_Limits::*member);
     static std::string join(const std::vector<PP_Token>& tokens, std::size_t from);
 
     IDL_FrontendOptions m_options;
     PP_FileCache m_files;
     PP_SpellingArena m_arena;
     PP_MacroTable m_macros;
+    PP_MacroExpander::Budget m_budget;  // shared by both expanders
     PP_MacroExpander m_expander;       // the text
     PP_MacroExpander m_line_expander;  // directive lines
     PP_ExprEvaluator m_evaluator;
@@ -135,6 +141,7 @@ private:
     PP_Result* m_result = nullptr;
     std::string m_main_name;
     std::size_t m_errors = 0;
+    std::size_t m_inclusions = 0;
     bool m_stopped = false;
     // A token read while looking for the '(' of a macro call.
     bool m_have_pushback = false;

@@ -126,8 +126,9 @@ PP_ExprEvaluator::Value PP_ExprEvaluator::comma()
 
 PP_ExprEvaluator::Value PP_ExprEvaluator::conditional()
 {
-    if (m_depth >= kMaxDepth) {
-        fail(IDL_Diag::PP_EXPR_TOO_DEEP, peek(), {std::to_string(kMaxDepth)});
+    if (m_depth >= m_limits.if_depth) {
+        fail(IDL_Diag::PP_EXPR_TOO_DEEP, peek(),
+             {std::to_string(m_limits.if_depth), IDL_Limits::option_of(&IDL_Limits::if_depth)});
         return Value();
     }
     ++m_depth;

@@ -9,6 +9,7 @@
 #define PP_EXPREVALUATOR_H
 
 #include "IDL_Diagnostics.h"
+#include "IDL_Limits.h"
 #include "PP_Token.h"
 
 #include <cstddef>
@@ -20,10 +21,8 @@ class PP_Reporter;
 
 class PP_ExprEvaluator {
 public:
-    // How deep parentheses and ?: may nest.
-    static constexpr int kMaxDepth = 256;
-
-    explicit PP_ExprEvaluator(PP_Reporter& reporter) : m_reporter(reporter) {}
+    // How deep parentheses and ?: may nest: limits.if_depth.
+    PP_ExprEvaluator(PP_Reporter& reporter, const IDL_Limits& limits) : m_reporter(reporter), m_limits(limits) {}
 
     // Evaluates `tokens`; diagnostics without a position of their own go to
     // `where` (the directive). False, after reporting, when the expression
@@ -54,11 +53,12 @@ private:
     Value character(const PP_Token& tok);
 
     PP_Reporter& m_reporter;
+    const IDL_Limits& m_limits;
     const std::vector<PP_Token>* m_tokens = nullptr;
     std::size_t m_pos = 0;
     PP_Token m_end;
     PP_Token m_where;
-    int m_depth = 0;
+    std::size_t m_depth = 0;
     // False inside the operand that && || ?: do not take.
     bool m_evaluating = true;
     bool m_failed = false;

@@ -1,6 +1,7 @@
 #include "PP_FileCache.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -41,8 +42,10 @@ PP_FileCache::Status PP_FileCache::load(const std::string& path, PP_FileEntry*& 
         return Status::Found;
     }
     auto fresh = std::make_unique<PP_FileEntry>();
-    if (!read_regular_file(path, fresh->text))
-        return Status::Unreadable;
+    const Status read = read_regular_file(path, m_budget, fresh->text);
+    if (read != Status::Found)
+        return read;
+    m_budget -= fresh->text.size();
     fresh->bad_byte = find_bad_byte(fresh->text);
     entry = fresh.get();
     m_paths.emplace(path, entry);
@@ -50,32 +53,40 @@ PP_FileCache::Status PP_FileCache::load(const std::string& path, PP_FileEntry*& 
     return Status::Found;
 }
 
-bool PP_FileCache::read_regular_file(const std::string& path, std::string& text)
+PP_FileCache::Status PP_FileCache::read_regular_file(const std::string& path, std::size_t max, std::string& text)
 {
     // Non-blocking, so that a pipe put in the file's place after it was
     // looked at cannot make the open wait; it is refused below.
     const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0)
-        return false;
+        return Status::Unreadable;
     struct stat st;
-    bool ok = ::fstat(fd, &st) == 0 && S_ISREG(st.st_mode);
-    if (ok) {
+    Status status = ::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) ? Status::Found : Status::Unreadable;
+    if (status == Status::Found && static_cast<std::uintmax_t>(st.st_size) > max)
+        status = Status::TooLarge;
+    if (status == Status::Found) {
         text.clear();
         text.reserve(static_cast<std::size_t>(st.st_size));
+        // The size is only a hint: some files grow, or have none.
         char block[65536];
         for (;;) {
             const ssize_t n = ::read(fd, block, sizeof block);
             if (n < 0 && errno == EINTR)
                 continue;
             if (n <= 0) {
-                ok = n == 0;
+                if (n < 0)
+                    status = Status::Unreadable;
+                break;
+            }
+            if (static_cast<std::size_t>(n) > max - text.size()) {
+                status = Status::TooLarge;
                 break;
             }
             text.append(block, static_cast<std::size_t>(n));
         }
     }
     ::close(fd);
-    return ok;
+    return status;
 }
 
 PP_FileEntry* PP_FileCache::adopt(std::string text)
@@ -87,8 +98,9 @@ PP_FileEntry* PP_FileCache::adopt(std::string text)
     return m_texts.back().get();
 }
 
-void PP_FileCache::clear()
+void PP_FileCache::clear(std::size_t budget)
 {
+    m_budget = budget;
     m_paths.clear();
     m_files.clear();
     m_texts.clear();

@@ -10,8 +10,9 @@
 #include <algorithm>
 #include <utility>
 
-PP_MacroExpander::PP_MacroExpander(PP_MacroTable& macros, PP_SpellingArena& arena, PP_Reporter& reporter)
-    : m_macros(macros), m_arena(arena), m_reporter(reporter)
+PP_MacroExpander::PP_MacroExpander(PP_MacroTable& macros, PP_SpellingArena& arena, PP_Reporter& reporter,
+                                   const IDL_Limits& limits, Budget& budget)
+    : m_macros(macros), m_arena(arena), m_reporter(reporter), m_limits(limits), m_budget(budget)
 {
 }
 
@@ -58,7 +59,7 @@ void PP_MacroExpander::next(PP_TokenSource& src, PP_Token& tok)
                 m_where_col = tok.col;
             }
         }
-        if (tok.kind != PP_Token::Identifier || !m_expanding || tok.has(PP_Token::NoExpand))
+        if (tok.kind != PP_Token::Identifier || !m_expanding || tok.has(PP_Token::NoExpand) || m_budget.spent)
             return;
         PP_Macro* macro = m_macros.find(tok.spelling());
         if (!macro)
@@ -67,6 +68,8 @@ void PP_MacroExpander::next(PP_TokenSource& src, PP_Token& tok)
             tok.flags |= PP_Token::NoExpand;
             return;
         }
+        if (m_stack.empty() && m_arg_depth == 0)
+            m_outermost = macro;
         if (!expand(src, *macro, tok))
             return;
     }
@@ -148,10 +151,11 @@ bool PP_MacroExpander::collect_args(PP_TokenSource& src, const PP_Macro& macro, 
 
 void PP_MacroExpander::expand_arg(const std::vector<PP_Token>& arg, std::vector<PP_Token>& out)
 {
-    if (m_arg_depth >= kMaxArgNesting) {
+    if (m_arg_depth >= m_limits.macro_arg_depth) {
         if (!m_overflow_reported) {
             m_reporter.error(IDL_Diag::PP_MACRO_NESTING, m_where_line, m_where_col,
-                             {std::to_string(kMaxArgNesting)});
+                             {std::to_string(m_limits.macro_arg_depth),
+                              IDL_Limits::option_of(&IDL_Limits::macro_arg_depth)});
             m_overflow_reported = true;
         }
         out = arg;
@@ -201,7 +205,8 @@ PP_Token PP_MacroExpander::stringize(const std::vector<PP_Token>& arg)
     return tok;
 }
 
-void PP_MacroExpander::substitute(const PP_Macro& macro, const Args& args, std::vector<PP_Token>& out)
+bool PP_MacroExpander::substitute(const PP_Macro& macro, const Args& args, const PP_Token& name,
+                                  std::vector<PP_Token>& out)
 {
     Args expanded(args.size());
     std::vector<bool> done(args.size(), false);
@@ -210,6 +215,11 @@ void PP_MacroExpander::substitute(const PP_Macro& macro, const Args& args, std::
     for (std::size_t i = 0; i < body.size(); ++i) {
         const PP_Token& t = body[i];
         if (t.kind == PP_Token::Stringify) {
+            std::size_t bytes = 0;
+            for (const PP_Token& a : args[t.param])
+                bytes += a.len + 1;
+            if (!charge(bytes, macro, name))
+                return false;
             PP_Token s = stringize(args[t.param]);
             s.flags = t.flags & PP_Token::LeadingSpace;
             out.push_back(s);
@@ -234,6 +244,12 @@ void PP_MacroExpander::substitute(const PP_Macro& macro, const Args& args, std::
                 }
                 continue;
             }
+            // A parameter used many times multiplies its argument: the
+            // replacement is bounded as it grows, not only when done.
+            if (m_produced + out.size() + arg->size() > m_limits.macro_expansion) {
+                charge(out.size() + arg->size(), macro, name);
+                return false;
+            }
             const std::size_t first = out.size();
             out.insert(out.end(), arg->begin(), arg->end());
             out[first].flags = static_cast<std::uint8_t>((out[first].flags & ~PP_Token::LeadingSpace) |
@@ -243,11 +259,10 @@ void PP_MacroExpander::substitute(const PP_Macro& macro, const Args& args, std::
             out.push_back(t);
         }
     }
-    if (pastes)
-        paste_all(out);
+    return !pastes || paste_all(out, macro, name);
 }
 
-void PP_MacroExpander::paste_all(std::vector<PP_Token>& tokens)
+bool PP_MacroExpander::paste_all(std::vector<PP_Token>& tokens, const PP_Macro& macro, const PP_Token& name)
 {
     std::vector<PP_Token> result;
     result.reserve(tokens.size());
@@ -255,6 +270,11 @@ void PP_MacroExpander::paste_all(std::vector<PP_Token>& tokens)
         if (tokens[i].kind == PP_Token::PasteOp && !result.empty() && i + 1 < tokens.size()) {
             const PP_Token& rhs = tokens[++i];
             PP_Token& lhs = result.back();
+            // A chain of pastes makes ever longer spellings.
+            if (!charge(lhs.len + rhs.len, macro, name)) {
+                tokens.clear();
+                return false;
+            }
             if (lhs.kind == PP_Token::Placemarker) {
                 const std::uint8_t space = lhs.flags & PP_Token::LeadingSpace;
                 lhs = rhs;
@@ -273,6 +293,7 @@ void PP_MacroExpander::paste_all(std::vector<PP_Token>& tokens)
         if (t.kind != PP_Token::Placemarker)
             tokens.push_back(t);
     }
+    return true;
 }
 
 bool PP_MacroExpander::paste(PP_Token& lhs, const PP_Token& rhs)
@@ -322,14 +343,31 @@ PP_Token PP_MacroExpander::builtin(const PP_Macro& macro, const PP_Token& name)
     return tok;
 }
 
+bool PP_MacroExpander::charge(std::size_t units, const PP_Macro& macro, const PP_Token& name)
+{
+    m_produced += units;
+    m_budget.used += units;
+    if (m_budget.used > m_limits.macro_tokens) {
+        if (!m_budget.spent)
+            error_at(name, IDL_Diag::PP_MACRO_BUDGET,
+                     {std::to_string(m_limits.macro_tokens), IDL_Limits::option_of(&IDL_Limits::macro_tokens)});
+        m_budget.spent = true;
+        return false;
+    }
+    if (m_produced > m_limits.macro_expansion) {
+        if (!m_overflow_reported)
+            error_at(name, IDL_Diag::PP_MACRO_TOO_LARGE,
+                     {m_outermost ? m_outermost->name : macro.name, std::to_string(m_limits.macro_expansion),
+                      IDL_Limits::option_of(&IDL_Limits::macro_expansion)});
+        m_overflow_reported = true;
+        return false;
+    }
+    return true;
+}
+
 bool PP_MacroExpander::push(PP_Macro& macro, std::vector<PP_Token> tokens, const PP_Token& name)
 {
-    m_produced += tokens.size();
-    if (m_produced > kMaxTokens) {
-        if (!m_overflow_reported) {
-            error_at(name, IDL_Diag::PP_MACRO_TOO_LARGE, {macro.name, std::to_string(kMaxTokens)});
-            m_overflow_reported = true;
-        }
+    if (!charge(tokens.size(), macro, name)) {
         reset();
         return false;
     }
@@ -358,8 +396,11 @@ bool PP_MacroExpander::expand(PP_TokenSource& src, PP_Macro& macro, PP_Token& na
     if (!macro.function_like) {
         std::vector<PP_Token> tokens = macro.body;
         const auto is_paste = [](const PP_Token& t) { return t.kind == PP_Token::PasteOp; };
-        if (std::any_of(tokens.begin(), tokens.end(), is_paste))
-            paste_all(tokens);
+        if (std::any_of(tokens.begin(), tokens.end(), is_paste) && !paste_all(tokens, macro, name)) {
+            reset();
+            name.flags |= PP_Token::NoExpand;
+            return false;
+        }
         return push(macro, std::move(tokens), name);
     }
     if (!lparen_follows(src))
@@ -370,7 +411,11 @@ bool PP_MacroExpander::expand(PP_TokenSource& src, PP_Macro& macro, PP_Token& na
         return false;
     }
     std::vector<PP_Token> tokens;
-    substitute(macro, args, tokens);
+    if (!substitute(macro, args, name, tokens)) {
+        reset();
+        name.flags |= PP_Token::NoExpand;
+        return false;
+    }
     if (!push(macro, std::move(tokens), name)) {
         name.flags |= PP_Token::NoExpand;
         return false;

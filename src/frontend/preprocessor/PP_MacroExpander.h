@@ -8,6 +8,7 @@
 #define PP_MACROEXPANDER_H
 
 #include "IDL_Diagnostics.h"
+#include "IDL_Limits.h"
 #include "PP_Token.h"
 
 #include <cstddef>
@@ -22,12 +23,22 @@ struct PP_Macro;
 
 class PP_MacroExpander {
 public:
-    // Tokens that one expansion (with everything it expands in turn) may
-    // produce, and how deep macro calls may nest in arguments.
-    static constexpr std::size_t kMaxTokens = std::size_t(1) << 20;
-    static constexpr int kMaxArgNesting = 200;
+    // The tokens that all expansions of one input have made, shared by the
+    // expanders of one preprocessor. Once it is spent, macros are no longer
+    // expanded: every macro name stands for itself.
+    struct Budget {
+        std::size_t used = 0;
+        bool spent = false;
+    };
 
-    PP_MacroExpander(PP_MacroTable& macros, PP_SpellingArena& arena, PP_Reporter& reporter);
+    // Bounds come from `limits`: tokens that one expansion (with everything
+    // it expands in turn) may produce (macro_expansion), all expansions
+    // together (macro_tokens, counted in `budget`), how deep macro calls
+    // may nest in arguments (macro_arg_depth). A token made by # or ##
+    // counts its length in bytes, so that long pasted or stringized
+    // spellings cannot grow unseen.
+    PP_MacroExpander(PP_MacroTable& macros, PP_SpellingArena& arena, PP_Reporter& reporter, const IDL_Limits& limits,
+                     Budget& budget);
     ~PP_MacroExpander();
     PP_MacroExpander(const PP_MacroExpander&) = delete;
     PP_MacroExpander& operator=(const PP_MacroExpander&) = delete;
@@ -55,23 +66,33 @@ private:
     void read_in_args(PP_TokenSource& src, PP_Token& tok);
     bool collect_args(PP_TokenSource& src, const PP_Macro& macro, const PP_Token& name, Args& args);
     void expand_arg(const std::vector<PP_Token>& arg, std::vector<PP_Token>& out);
-    void substitute(const PP_Macro& macro, const Args& args, std::vector<PP_Token>& out);
-    void paste_all(std::vector<PP_Token>& tokens);
+    // False when the expansion outgrew its bounds (reported).
+    bool substitute(const PP_Macro& macro, const Args& args, const PP_Token& name, std::vector<PP_Token>& out);
+    bool paste_all(std::vector<PP_Token>& tokens, const PP_Macro& macro, const PP_Token& name);
     bool paste(PP_Token& lhs, const PP_Token& rhs);
     PP_Token stringize(const std::vector<PP_Token>& arg);
     PP_Token builtin(const PP_Macro& macro, const PP_Token& name);
     bool push(PP_Macro& macro, std::vector<PP_Token> tokens, const PP_Token& name);
+    // Counts `units` made by the expansion of `macro` at `name`; false
+    // (reported once) when that takes the expansion or the input beyond
+    // its bounds.
+    bool charge(std::size_t units, const PP_Macro& macro, const PP_Token& name);
     void pop();
     void error_at(const PP_Token& where, IDL_Diag id, std::initializer_list<std::string> args);
 
     PP_MacroTable& m_macros;
     PP_SpellingArena& m_arena;
     PP_Reporter& m_reporter;
+    const IDL_Limits& m_limits;
+    Budget& m_budget;
     std::vector<Context> m_stack;
     // Tokens produced since the last token taken from the outermost source.
     std::size_t m_produced = 0;
     bool m_overflow_reported = false;
-    int m_arg_depth = 0;
+    std::size_t m_arg_depth = 0;
+    // The macro whose use in the source the current expansion stems from:
+    // the one messages about its size name.
+    const PP_Macro* m_outermost = nullptr;
     bool m_expanding = true;
     // Position of the last token taken from the outermost source: where
     // diagnostics about expansions go.

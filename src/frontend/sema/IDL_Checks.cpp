@@ -84,6 +84,24 @@ std::vector<UTL_Scope*> IDL_Checks::ancestors(UTL_Scope* s)
     return out;
 }
 
+std::size_t IDL_Checks::inheritance_cost(UTL_Scope* s, std::size_t cap)
+{
+    std::size_t cost = 0;
+    std::unordered_set<UTL_Scope*> seen{s};
+    std::vector<UTL_Scope*> stack = direct_bases(s);
+    cost += stack.size();
+    while (!stack.empty() && cost < cap) {
+        UTL_Scope* b = stack.back();
+        stack.pop_back();
+        if (!seen.insert(b).second)
+            continue;
+        const std::vector<UTL_Scope*> bases = direct_bases(b);
+        cost += 1 + b->decls().size() + bases.size();
+        stack.insert(stack.end(), bases.begin(), bases.end());
+    }
+    return std::min(cost, cap);
+}
+
 void IDL_Checks::inherited_clashes(const std::vector<UTL_Scope*>& ancestors, const IDL_Loc& loc)
 {
     // Folded member name -> the ancestor that declares it; std::map keeps

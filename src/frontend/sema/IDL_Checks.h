@@ -6,6 +6,7 @@
 
 #include "IDL_Loc.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,12 @@ public:
     // The interfaces and value types `s` inherits from or supports, directly
     // or not, each once, in depth-first declaration order; `s` left out.
     static std::vector<UTL_Scope*> ancestors(UTL_Scope* s);
+
+    // What `s` inherits, as the inheritance limit counts it: one for each
+    // ancestor and each declaration the ancestors hold, one for each base
+    // named on the way. Counting stops at `cap`, so the answer is at most
+    // `cap` and the walk costs no more than that.
+    static std::size_t inheritance_cost(UTL_Scope* s, std::size_t cap);
 
     // Reports an operation or attribute name that two different ancestors
     // (as `ancestors` gives them) declare: inheriting both would be
