@@ -3,7 +3,7 @@
 // chained behind earlier ones.
 #include <zantic_sys/yvstatichash.h>
 
-#include "../../src/foundation/YV_hash_string.h"
+#include <zantic_sys/YV_hash_string.h>
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // The search of a skeleton's static dispatch table. The generator placed
 // every name in slot (low 32 bits of YV_hash_string(name)) & (slots - 1),
 // chaining names that share a slot; lookup follows the same rule with the
-// foundation library's hash, the one definition of it.
+// same hash (YV_hash_string.h, shared with the generator).
 #ifndef YV_RT_YV_CXX_STATICDISPATCHHASHTABLE_H
 #define YV_RT_YV_CXX_STATICDISPATCHHASHTABLE_H
 
-#include "../../../src/foundation/YV_hash_string.h"
+#include "YV_hash_string.h"
 #include "PortableServer/ServantBase.h"
 #include "YV_Cxx_HashEntry.h"
 
