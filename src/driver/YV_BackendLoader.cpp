@@ -6,6 +6,10 @@
 #include <cstdlib>
 #include <filesystem>
 
+#ifndef YV_PLUGIN_RELDIR
+#define YV_PLUGIN_RELDIR "../lib/yvidl"
+#endif
+
 namespace fs = std::filesystem;
 
 YV_BackendLoader::YV_BackendLoader() : m_dir(find_plugin_dir()) {}
@@ -32,6 +36,12 @@ std::string YV_BackendLoader::find_plugin_dir()
     const std::string exe_dir = YV_Config::executable_dir();
     if (exe_dir.empty())
         return std::string();
+    // Installed: the plug-ins' own directory below the library directory;
+    // in the build tree: <build>/lib.
+    std::error_code ec;
+    const fs::path installed = (fs::path(exe_dir) / YV_PLUGIN_RELDIR).lexically_normal();
+    if (fs::is_directory(installed, ec))
+        return installed.string();
     return (fs::path(exe_dir).parent_path() / "lib").lexically_normal().string();
 }
 

@@ -1,8 +1,10 @@
 // Finds and loads back-end plug-ins. The plug-in directory is, in this
 // order: the environment variable YVIDL_PLUGIN_DIR, the configuration's
 // plugin-dir (relative to the configuration file's directory when it is a
-// relative path), <directory of the yvidl binary>/../lib. Each back end is
-// loaded once and kept until the loader is destroyed.
+// relative path), the installed plug-in directory relative to the yvidl
+// binary (YV_PLUGIN_RELDIR, ../lib/yvidl), else <directory of the yvidl
+// binary>/../lib as in the build tree. Each back end is loaded once and
+// kept until the loader is destroyed.
 #ifndef YV_BACKENDLOADER_H
 #define YV_BACKENDLOADER_H
 

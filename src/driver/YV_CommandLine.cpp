@@ -53,6 +53,9 @@ void YV_CommandLine::parse_option(int argc, const char* const* argv, int& i)
         m_version = true;
     } else if (arg == "-E") {
         m_preprocess_only = true;
+    } else if (arg == "--print-idl-dir") {
+        m_print_idl_dir = true;
+    } else if (arg.compare(0, 2, "-M") == 0 && parse_dependency_option(argc, argv, i)) {
     } else if (arg.compare(0, 2, "-I") == 0) {
         if (const char* dir = option_value(argc, argv, i, "a directory"))
             m_frontend.include_dirs.emplace_back(dir);
@@ -69,11 +72,12 @@ void YV_CommandLine::parse_option(int argc, const char* const* argv, int& i)
     }
 }
 
-const char* YV_CommandLine::option_value(int argc, const char* const* argv, int& i, const char* what)
+const char* YV_CommandLine::option_value(int argc, const char* const* argv, int& i, const char* what,
+                                         std::size_t name_length)
 {
     const char* arg = argv[i];
-    if (arg[2] != '\0')
-        return arg + 2;
+    if (arg[name_length] != '\0')
+        return arg + name_length;
     if (i + 1 < argc && argv[i + 1])
         return argv[++i];
     m_errors.push_back("option " + std::string(arg) + " needs " + what);
@@ -127,6 +131,33 @@ void YV_CommandLine::parse_limit(const std::string& arg)
         return;
     }
     m_frontend.limits.set(name, n);
+}
+
+bool YV_CommandLine::parse_dependency_option(int argc, const char* const* argv, int& i)
+{
+    const std::string name = std::string(argv[i]).substr(0, 3);
+    if (name == "-MD" || name == "-MP") {
+        if (argv[i][3] != '\0')
+            return false;
+        (name == "-MP" ? m_deps.phony : m_deps.enabled) = true;
+    } else if (name == "-MF" || name == "-MT" || name == "-MQ") {
+        const char* value = option_value(argc, argv, i, name == "-MF" ? "a file name" : "a target", 3);
+        if (!value)
+            return true;
+        if (*value == '\0') {
+            m_errors.push_back("option " + name + " needs " + (name == "-MF" ? "a file name" : "a target"));
+            return true;
+        }
+        if (name == "-MF")
+            m_deps.file = value;
+        else
+            m_deps.targets.push_back(name == "-MT" ? std::string(value) : YV_DepFile::quote(value));
+    } else {
+        return false;
+    }
+    // Each of them asks for a dependency file.
+    m_deps.enabled = true;
+    return true;
 }
 
 bool YV_CommandLine::parse_backend_switch(const std::string& arg)

@@ -1,12 +1,14 @@
 // The driver's command line, taken apart:
 //   yvidl [options] file.idl...
-// Front-end options (-I, -D, -U, -fmax-<limit>=<n>), the mode switches (-E, -h/--help,
+// Front-end options (-I, -D, -U, -fmax-<limit>=<n>), dependency files
+// (-MD, -MF, -MT, -MQ, -MP), the mode switches (-E, -h/--help, --print-idl-dir,
 // --version), the back-end switches (-<backend>[:<options>]) in the order
 // given, and the IDL files. Problems are collected, never thrown.
 #ifndef YV_COMMANDLINE_H
 #define YV_COMMANDLINE_H
 
 #include "IDL_Frontend.h"
+#include "YV_DepFile.h"
 
 #include <optional>
 #include <string>
@@ -35,6 +37,9 @@ public:
     bool preprocess_only() const { return m_preprocess_only; }
     bool help() const { return m_help; }
     bool version() const { return m_version; }
+    bool print_idl_dir() const { return m_print_idl_dir; }
+    // -MD, -MF, -MT, -MQ, -MP.
+    const YV_DepFile::Options& dependency_options() const { return m_deps; }
     // Messages for unknown or incomplete options, in command-line order.
     const std::vector<std::string>& errors() const { return m_errors; }
 
@@ -42,9 +47,13 @@ private:
     // Handles one argument that begins with '-'; may consume the next one
     // (-I <dir>). `i` is advanced past whatever was used.
     void parse_option(int argc, const char* const* argv, int& i);
-    // The value of -I, -D or -U: the rest of the argument, else the next
-    // argument. Null (with an error noted) when there is neither.
-    const char* option_value(int argc, const char* const* argv, int& i, const char* what);
+    // The value of -I, -D, -U (or, with `name_length` 3, -MF, -MT, -MQ):
+    // the rest of the argument, else the next argument. Null (with an
+    // error noted) when there is neither.
+    const char* option_value(int argc, const char* const* argv, int& i, const char* what,
+                             std::size_t name_length = 2);
+    // -MD, -MF, -MT, -MQ, -MP; false for any other -M option.
+    bool parse_dependency_option(int argc, const char* const* argv, int& i);
     void add_define(const std::string& text);
     void add_undefine(const std::string& name);
     bool parse_backend_switch(const std::string& arg);
@@ -57,6 +66,8 @@ private:
     bool m_preprocess_only = false;
     bool m_help = false;
     bool m_version = false;
+    bool m_print_idl_dir = false;
+    YV_DepFile::Options m_deps;
     std::vector<std::string> m_errors;
 };
 

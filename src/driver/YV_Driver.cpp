@@ -4,6 +4,7 @@
 #include "IDL_Frontend.h"
 #include "YV_BackendInfo.h"
 #include "YV_Help.h"
+#include "YV_IdlDir.h"
 #include "YV_OutputFile.h"
 #include "idl_msg_header.h"
 
@@ -30,10 +31,21 @@ int YV_Driver::run(int argc, const char* const* argv)
         std::cout << "yvidl " << YV_VERSION_TEXT << std::endl;
         return EXIT_OK;
     }
+    const std::string idl_dir = YV_IdlDir::find();
+    if (cl.print_idl_dir() && cl.errors().empty()) {
+        if (idl_dir.empty()) {
+            error("the compiler's IDL directory is missing (looked for it relative to the yvidl binary)");
+            return EXIT_ERRORS;
+        }
+        std::cout << idl_dir << std::endl;
+        return EXIT_OK;
+    }
     for (const std::string& message : cl.errors())
         error(message);
     if (cl.files().empty() && cl.errors().empty())
         error("no input files (see --help)");
+    if (cl.preprocess_only() && cl.dependency_options().enabled)
+        error("-E writes no dependency file: -MD, -MF, -MT, -MQ and -MP need a compilation");
     if (m_failed)
         return EXIT_USAGE;
 
@@ -44,15 +56,25 @@ int YV_Driver::run(int argc, const char* const* argv)
     for (const std::string& file : cl.files())
         YV_OutputFile::protect(file);
 
-    IDL_Frontend frontend(cl.frontend_options());
+    // The standard IDL files come after every -I directory.
+    IDL_FrontendOptions options = cl.frontend_options();
+    if (!idl_dir.empty())
+        options.include_dirs.push_back(idl_dir);
+    IDL_Frontend frontend(options);
+    YV_DepFile deps(cl.dependency_options());
     for (const std::string& file : cl.files()) {
         if (!check_input(file))
             continue;
         if (cl.preprocess_only()) {
             preprocess(frontend, file);
         } else if (cl.backends().empty() || check_output_base(file)) {
-            compile(frontend, cl, file);
+            compile(frontend, cl, file, deps);
         }
+    }
+    std::string deps_error;
+    if (!deps.write(deps_error)) {
+        error(deps_error);
+        return EXIT_OUTPUT;
     }
     if (!std::cout.flush()) {
         const int error_number = errno;
@@ -89,7 +111,7 @@ void YV_Driver::preprocess(IDL_Frontend& frontend, const std::string& file)
     }
 }
 
-void YV_Driver::compile(IDL_Frontend& frontend, const YV_CommandLine& cl, const std::string& file)
+void YV_Driver::compile(IDL_Frontend& frontend, const YV_CommandLine& cl, const std::string& file, YV_DepFile& deps)
 {
     const long errors_before = idl_error_count();
     std::unique_ptr<IDL_GlobalData> data;
@@ -105,6 +127,8 @@ void YV_Driver::compile(IDL_Frontend& frontend, const YV_CommandLine& cl, const 
     // No output at all for a file with errors.
     if (!data || idl_error_count() != errors_before)
         return;
+    const bool failed_before = m_failed;
+    YV_OutputFile::take_committed();
     for (const YV_CommandLine::BackendSwitch& sw : cl.backends()) {
         YV_Backend* backend = m_loader.loaded(*sw.backend);
         try {
@@ -116,6 +140,9 @@ void YV_Driver::compile(IDL_Frontend& frontend, const YV_CommandLine& cl, const 
         }
         std::cout.flush();
     }
+    const std::vector<std::string> outputs = YV_OutputFile::take_committed();
+    if (deps.enabled() && idl_error_count() == errors_before && m_failed == failed_before)
+        deps.add(file, outputs, data->files_read());
 }
 
 bool YV_Driver::check_input(const std::string& file)

@@ -11,6 +11,7 @@
 
 #include "YV_BackendLoader.h"
 #include "YV_CommandLine.h"
+#include "YV_DepFile.h"
 
 #include <iosfwd>
 #include <string>
@@ -32,7 +33,9 @@ private:
     // one cannot be loaded.
     bool load_backends(const YV_CommandLine& cl);
     void preprocess(IDL_Frontend& frontend, const std::string& file);
-    void compile(IDL_Frontend& frontend, const YV_CommandLine& cl, const std::string& file);
+    // Runs the front end and the back ends over one file; with a dependency
+    // file asked for, adds the file's rule to `deps` when all went well.
+    void compile(IDL_Frontend& frontend, const YV_CommandLine& cl, const std::string& file, YV_DepFile& deps);
     // Reports a problem of the driver itself (not of an input's text).
     void error(const std::string& message);
     // Whether `file` can be read as an input: an existing, readable

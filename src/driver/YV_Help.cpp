@@ -2,6 +2,7 @@
 
 #include "YV_BackendInfo.h"
 #include "YV_BackendLoader.h"
+#include "YV_IdlDir.h"
 #include "IDL_Limits.h"
 
 #include <iomanip>
@@ -35,7 +36,10 @@ void YV_Help::print(std::ostream& out)
     out << "\nBack ends are loaded from "
         << (m_loader.plugin_dir().empty() ? std::string("the system's library path") : m_loader.plugin_dir())
         << "\n(set by YVIDL_PLUGIN_DIR, else plugin-dir in the configuration file,\n"
-           "else the lib directory beside the one holding yvidl).\n";
+           "else the plug-in directory relative to yvidl).\n";
+    const std::string idl_dir = YV_IdlDir::find();
+    out << "Standard IDL files (#include <orb.idl>) are searched after every -I in\n"
+        << (idl_dir.empty() ? std::string("(no IDL directory found)") : idl_dir) << ".\n";
     print_backend_usages(out);
     print_switch_names(out);
     out.flush();
@@ -48,10 +52,17 @@ void YV_Help::print_driver_usage(std::ostream& out)
            "Compiles OMG IDL files. Without a back-end switch each file is only checked.\n"
            "\n"
            "Options:\n";
-    option_line(out, "-I<dir>, -I <dir>", "Search <dir> for #include files.");
+    option_line(out, "-I<dir>, -I <dir>", "Search <dir> for #include files (before the IDL directory).");
     option_line(out, "-D<name>[=<value>]", "Define a preprocessor macro (value 1 when omitted).");
     option_line(out, "-U<name>", "Undefine a preprocessor macro.");
     option_line(out, "-E", "Write the preprocessed text to standard output; run no back end.");
+    option_line(out, "-MD", "Write a dependency file (make rule) for each input, <base>.d");
+    option_line(out, "", "beside its outputs.");
+    option_line(out, "-MF <file>", "Write the dependency rules to <file>.");
+    option_line(out, "-MT <target>", "Name <target> as the rule's target (instead of the outputs).");
+    option_line(out, "-MQ <target>", "The same, quoting characters special to make.");
+    option_line(out, "-MP", "Add an empty rule for each included file.");
+    option_line(out, "--print-idl-dir", "Show the directory of the standard IDL files (orb.idl ...).");
     option_line(out, "-h, --help", "Show this help, with the back ends' options.");
     option_line(out, "--version", "Show the compiler's version.");
     option_line(out, "-fmax-<name>=<n>", "Raise (or lower) one of the limits below.");

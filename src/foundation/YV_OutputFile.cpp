@@ -30,6 +30,12 @@ std::map<FileId, Taken>& taken_files()
     return files;
 }
 
+std::vector<std::string>& committed_names()
+{
+    static std::vector<std::string> names;
+    return names;
+}
+
 std::string reason(int error_number) { return std::strerror(error_number); }
 
 std::string directory_of(const std::string& path)
@@ -266,6 +272,7 @@ bool YV_OutputFile::commit()
     }
     if (regular)
         taken_files()[FileId(st.st_dev, st.st_ino)] = Taken::Output;
+    committed_names().push_back(m_path);
     return true;
 }
 
@@ -313,4 +320,10 @@ void YV_OutputFile::protect(const std::string& path)
         taken_files()[FileId(st.st_dev, st.st_ino)] = Taken::Input;
 }
 
-void YV_OutputFile::forget_files() { taken_files().clear(); }
+std::vector<std::string> YV_OutputFile::take_committed() { return std::exchange(committed_names(), {}); }
+
+void YV_OutputFile::forget_files()
+{
+    taken_files().clear();
+    committed_names().clear();
+}

@@ -65,6 +65,9 @@ public:
 
     // Marks an existing file (an input) as one that no output may replace.
     static void protect(const std::string& path);
+    // The names (as given to open()) of the files put in place since the
+    // last call, in order; the driver lists them in dependency files.
+    static std::vector<std::string> take_committed();
     // Forgets the files written and protected so far (for programs that
     // make several independent runs in one process).
     static void forget_files();

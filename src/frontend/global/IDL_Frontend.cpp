@@ -32,6 +32,7 @@ std::unique_ptr<IDL_GlobalData> build(const PP_Result& pp, bool pp_ok, long erro
     auto gd = std::make_unique<IDL_GlobalData>(std::move(root), main_file, options.prog_name);
     for (const PP_Include& inc : pp.includes)
         gd->add_included_file(inc.written, inc.flag);
+    gd->set_files_read(pp.files);
     return gd;
 }
 

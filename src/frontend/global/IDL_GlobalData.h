@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 // One file named by an #include directive of the main IDL file.
@@ -42,12 +43,18 @@ public:
     long n_included_files() const { return static_cast<long>(m_included.size()); }
     void add_included_file(std::string written_name, long flag);
 
+    // Every file read to build the tree: the main file, then the files
+    // included at any depth, each once, as found (for dependency files).
+    const std::vector<std::string>& files_read() const { return m_files_read; }
+    void set_files_read(std::vector<std::string> files) { m_files_read = std::move(files); }
+
 private:
     std::unique_ptr<AST_Root> m_root;
     UTL_String m_main_file;
     UTL_String m_stripped;
     std::string m_prog_name;
     std::vector<IDL_IncludedFile> m_included;
+    std::vector<std::string> m_files_read;
 };
 
 #endif

@@ -72,7 +72,9 @@ bool IDL_Preprocessor::run_file(const std::string& path, PP_Result& out)
             IDL_Diagnostics::error(IDL_Diag::FILE_CANNOT_OPEN, path, 1, 1, {path});
         return false;
     }
-    return run(entry, path, dir_of(path), true, out);
+    const bool ok = run(entry, path, dir_of(path), true, out);
+    out.files.insert(out.files.begin(), path);
+    return ok;
 }
 
 bool IDL_Preprocessor::run_text(const std::string& file_name, const std::string& text, PP_Result& out)
@@ -96,6 +98,8 @@ bool IDL_Preprocessor::run(PP_FileEntry* main, const std::string& name, const st
     m_expander.reset();
     m_line_expander.reset();
     m_frames.clear();
+    m_listed.clear();
+    m_listed.insert(main);
     m_macros.clear();
     m_arena.clear();
 
@@ -924,6 +928,8 @@ void IDL_Preprocessor::include_file(Frame& f, const std::string& name, bool angl
         error(IDL_Diag::PP_INCLUDE_NOT_FOUND, where.line, where.col, {name});
         return;
     }
+    if (m_listed.insert(entry).second)
+        m_result->files.push_back(path);
     // Files known to add nothing are not read again.
     if (entry->once || (!entry->guard.empty() && m_macros.defined(entry->guard)))
         return;

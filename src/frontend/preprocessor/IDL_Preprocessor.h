@@ -23,6 +23,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 class IDL_Preprocessor : private PP_TokenSource, private PP_Reporter {
@@ -130,6 +131,8 @@ private:
 
     IDL_FrontendOptions m_options;
     PP_FileCache m_files;
+    // The entries already listed in PP_Result::files.
+    std::unordered_set<const PP_FileEntry*> m_listed;
     PP_SpellingArena m_arena;
     PP_MacroTable m_macros;
     PP_MacroExpander::Budget m_budget;  // shared by both expanders
