@@ -23,6 +23,7 @@
 #include "../zantic_sys/YV_Cxx/Array_out.h"
 #include "../zantic_sys/YV_Cxx/Array_var.h"
 #include "../zantic_sys/YV_Cxx/Fix_var.h"
+#include "../zantic_sys/YV_Cxx/FixedT.h"
 #include "../zantic_sys/YV_Cxx/Ref_out.h"
 #include "../zantic_sys/YV_Cxx/Ref_var.h"
 #include "../zantic_sys/YV_Cxx/Sequence.h"

@@ -81,13 +81,25 @@ public:
         std::memcpy(&v, &bits, sizeof v);
         return v;
     }
+    // IEEE 754 binary128 (16 octets, 8-aligned), rounded to the host's
+    // long double.
     CORBA::LongDouble read_longdouble();
+    // One character in UTF-16 as the GIOP version writes it (see
+    // OutputStream::write_wchar). GIOP 1.2: the code units are big-endian
+    // unless a byte-order mark comes first. Lone surrogates, more than one
+    // character and GIOP 1.0 raise MARSHAL.
     CORBA::WChar read_wchar();
 
     // A new string (CORBA::string_alloc); `bound` (when not 0) is checked.
     char* read_string(CORBA::ULong bound = 0);
-    // A new wide string (CORBA::wstring_alloc).
+    // A new wide string (CORBA::wstring_alloc), surrogate pairs joined;
+    // GIOP 1.2: big-endian unless a byte-order mark comes first. An odd
+    // octet length, a lone surrogate, a NUL inside, a missing terminator
+    // (GIOP 1.1) or more than `bound` characters raise MARSHAL.
     CORBA::WChar* read_wstring(CORBA::ULong bound = 0);
+    // Packed decimal (see OutputStream::write_fixed): MARSHAL for a digit
+    // nibble over 9, a sign nibble other than 0xC and 0xD, a nonzero pad
+    // nibble, or digits and scale no fixed type has.
     CORBA::Fixed read_fixed(CORBA::UShort digits, CORBA::Short scale);
 
     void read_octet_array(CORBA::Octet* v, std::size_t n)

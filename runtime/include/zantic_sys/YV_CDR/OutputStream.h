@@ -60,19 +60,29 @@ public:
     }
     // IEEE 754 binary128, 8-aligned, 16 octets.
     void write_longdouble(CORBA::LongDouble v);
-    // One UTF-16 character: GIOP 1.2 writes an octet count and the code
-    // units, GIOP 1.1 one aligned code unit.
+    // One character in UTF-16. GIOP 1.2: an octet count and the code units,
+    // big-endian (a character beyond the basic plane as a surrogate pair);
+    // GIOP 1.1: one code unit, 2-aligned, in the stream's byte order.
+    // DATA_CONVERSION for a value that is no Unicode scalar value (or, in
+    // GIOP 1.1, lies beyond the basic plane); BAD_PARAM in GIOP 1.0, which
+    // has no wide characters.
     void write_wchar(CORBA::WChar v);
 
     // A string: its length with the NUL, the characters and the NUL. A null
     // pointer is BAD_PARAM. `bound` (when not 0) is checked (BAD_PARAM).
     void write_string(const char* s, CORBA::ULong bound = 0);
     void write_string(const char* s, std::size_t length, CORBA::ULong bound);
-    // A wide string in UTF-16: GIOP 1.2 writes its length in octets and no
-    // terminator.
+    // A wide string in UTF-16. GIOP 1.2: its length in octets, then the code
+    // units big-endian, no terminator and no byte-order mark; GIOP 1.1: its
+    // length in code units with a terminating NUL, then the code units in
+    // the stream's byte order and the NUL. Errors as for write_wchar; a
+    // null pointer or a string over `bound` (when not 0) is BAD_PARAM.
     void write_wstring(const CORBA::WChar* s, CORBA::ULong bound = 0);
-    // Packed decimal of `digits` digits, `scale` of them after the point
-    // (DATA_CONVERSION when the value does not fit).
+    // Packed decimal of `digits` digits, `scale` of them after the point:
+    // two digits an octet, most significant first, a leading zero nibble
+    // when `digits` is even, the sign nibble last (0xC or 0xD). Digits after
+    // `scale` are cut off; DATA_CONVERSION when the integral part does not
+    // fit, BAD_PARAM for digits over 31 or a scale over the digits.
     void write_fixed(const CORBA::Fixed& v, CORBA::UShort digits, CORBA::Short scale);
 
     // Arrays of primitives: one alignment, then the elements; copied as a

@@ -3,12 +3,18 @@
 // Bound to an array (A* or a slice pointer), values are copied into that
 // array; bound to a slice pointer slot (A_slice**), a copy is allocated into
 // the slot when the slot is empty.
+//
+// It travels through Marshal<A>: reading into an empty slot allocates the
+// array (array_alloc), otherwise it overwrites the array there. Writing a
+// null array is BAD_PARAM.
 #ifndef YV_RT_YV_CXX_ARRAYSTREAMABLE_H
 #define YV_RT_YV_CXX_ARRAYSTREAMABLE_H
 
 #include "Array_forany.h"
 #include "Array_out.h"
 #include "Array_var.h"
+#include "../CORBA/SystemException.h"
+#include "ArrayMarshal.h"
 #include "SlotStreamable.h"
 
 namespace YV_Cxx {
@@ -50,6 +56,39 @@ public:
     static void yv_bind(Base& s, Array_var<A>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
     static void yv_bind(Base& s, Array_out<A>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
     static void yv_bind(Base& s, Array_forany<A>* any, long) { s.yv_bind_foreign_slot(&any->out()); }
+
+    void yv_write(YV_CDR::OutputStream& out) const override
+    {
+        if constexpr (HasMarshal<A>::value) {
+            const Slice* v = this->extract();
+            if (v == nullptr)
+                throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
+            Marshal<A>::write(out, *reinterpret_cast<const A*>(v));
+        } else {
+            YV_Streamable::yv_write(out);
+        }
+    }
+    void yv_read(YV_CDR::InputStream& in) override
+    {
+        if constexpr (HasMarshal<A>::value) {
+            Slice*& slot = this->extract();
+            if (slot != nullptr) {
+                Marshal<A>::read(in, *reinterpret_cast<A*>(slot));
+                return;
+            }
+            // The slot's owner (this streamable or a _var) takes the array.
+            Slice* fresh = array_alloc<A>();
+            try {
+                Marshal<A>::read(in, *reinterpret_cast<A*>(fresh));
+            } catch (...) {
+                array_free<A>(fresh);
+                throw;
+            }
+            slot = fresh;
+        } else {
+            YV_Streamable::yv_read(in);
+        }
+    }
 };
 
 } // namespace YV_Cxx

@@ -1,8 +1,10 @@
 // The streamable of a type copied by assignment: the basic types, enums and
-// fixed-point types. extract() gives T&.
+// fixed-point types. extract() gives T&. It travels through Marshal<T>;
+// reading overwrites the value.
 #ifndef YV_RT_YV_CXX_BASICSTREAMABLE_H
 #define YV_RT_YV_CXX_BASICSTREAMABLE_H
 
+#include "Marshal.h"
 #include "SlotStreamable.h"
 
 namespace YV_Cxx {
@@ -22,6 +24,21 @@ public:
     static void yv_bind(Base& s, T* value, long) { s.yv_bind_foreign_slot(value); }
     // Bound to an in argument, which is only read.
     static void yv_bind(Base& s, const T* value, long) { s.yv_bind_foreign_slot(const_cast<T*>(value)); }
+
+    void yv_write(YV_CDR::OutputStream& out) const override
+    {
+        if constexpr (HasMarshal<T>::value)
+            Marshal<T>::write(out, this->extract());
+        else
+            YV_Streamable::yv_write(out);
+    }
+    void yv_read(YV_CDR::InputStream& in) override
+    {
+        if constexpr (HasMarshal<T>::value)
+            Marshal<T>::read(in, this->extract());
+        else
+            YV_Streamable::yv_read(in);
+    }
 };
 
 } // namespace YV_Cxx

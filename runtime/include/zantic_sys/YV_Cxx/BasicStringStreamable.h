@@ -1,11 +1,17 @@
 // The streamable of a string (StringStreamable) or wide string
 // (WStringStreamable), bounded or not. extract() gives char*& (WChar*&).
+// Writing a null string is BAD_PARAM; reading puts a new string into the
+// slot and frees the one it held.
 #ifndef YV_RT_YV_CXX_BASICSTRINGSTREAMABLE_H
 #define YV_RT_YV_CXX_BASICSTRINGSTREAMABLE_H
 
+#include "../YV_CDR/InputStream.h"
+#include "../YV_CDR/OutputStream.h"
 #include "SlotStreamable.h"
 #include "StringOut.h"
 #include "StringVar.h"
+
+#include <type_traits>
 
 namespace YV_Cxx {
 
@@ -37,6 +43,25 @@ public:
     static void yv_bind(Base& s, StringVar<CharT>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
     // Bound to the caller's slot behind an out parameter.
     static void yv_bind(Base& s, StringOut<CharT>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
+
+    void yv_write(YV_CDR::OutputStream& out) const override
+    {
+        if constexpr (std::is_same<CharT, char>::value)
+            out.write_string(this->extract());
+        else
+            out.write_wstring(this->extract());
+    }
+    void yv_read(YV_CDR::InputStream& in) override
+    {
+        CharT* fresh;
+        if constexpr (std::is_same<CharT, char>::value)
+            fresh = in.read_string();
+        else
+            fresh = in.read_wstring();
+        CharT*& slot = this->extract();
+        YV_Cxx::string_free(slot);
+        slot = fresh;
+    }
 };
 
 typedef BasicStringStreamable<char> StringStreamable;

@@ -9,11 +9,16 @@
 // needs n * min_size octets left, so a forged count never makes the
 // decoder allocate beyond the message.
 //
-// The runtime specialises the primitives here, and strings, sequences,
-// arrays, anys, type codes and references beside their classes. Generated
-// client code specialises structures, unions, enumerations and exceptions
-// (at global scope, after the declarations of its header), with the
-// function bodies out of line in the client source file.
+// The runtime specialises the primitives here; strings (StringMarshal.h),
+// sequences (SequenceMarshal.h), arrays (ArrayMarshal.h), references
+// (RefMarshal.h) and fixed-point types (FixedT.h) beside; anys and type
+// codes with their classes. Generated client code specialises structures,
+// unions, enumerations and exceptions (at global scope, after the
+// declarations of its header), with the function bodies out of line in the
+// client source file.
+//
+// HasMarshal<T> says whether a specialisation has been declared: the
+// streamables of a type without one raise MARSHAL when asked to travel.
 #ifndef YV_RT_YV_CXX_MARSHAL_H
 #define YV_RT_YV_CXX_MARSHAL_H
 
@@ -22,11 +27,19 @@
 #include "../YV_CDR/OutputStream.h"
 
 #include <cstddef>
+#include <type_traits>
 
 namespace YV_Cxx {
 
 template <class T, class Enable = void>
 struct Marshal;
+
+template <class T, class Enable = void>
+struct HasMarshal : std::false_type {
+};
+template <class T>
+struct HasMarshal<T, std::void_t<decltype(Marshal<T>::min_size)>> : std::true_type {
+};
 
 #define YV_MARSHAL_PRIMITIVE(type, op, size)                                                          \
     template <>                                                                                      \
@@ -49,6 +62,47 @@ YV_MARSHAL_PRIMITIVE(CORBA::Float, float, 4)
 YV_MARSHAL_PRIMITIVE(CORBA::Double, double, 8)
 YV_MARSHAL_PRIMITIVE(CORBA::LongDouble, longdouble, 16)
 #undef YV_MARSHAL_PRIMITIVE
+
+// Runs of values: primitives whose CDR form is their memory image (the
+// integers, float and double, octets and chars) go as one block, booleans
+// checked octet by octet, everything else value by value.
+template <class T>
+struct IsBlockPrimitive
+    : std::integral_constant<bool, (std::is_integral<T>::value || std::is_floating_point<T>::value) &&
+                                       !std::is_same<T, CORBA::Boolean>::value &&
+                                       !std::is_same<T, CORBA::WChar>::value &&
+                                       !std::is_same<T, CORBA::LongDouble>::value> {
+};
+
+template <class T>
+inline void write_values(YV_CDR::OutputStream& out, const T* v, std::size_t n)
+{
+    if constexpr (IsBlockPrimitive<T>::value && sizeof(T) == 1) {
+        out.write_octet_array(reinterpret_cast<const CORBA::Octet*>(v), n);
+    } else if constexpr (IsBlockPrimitive<T>::value) {
+        out.write_array(v, n);
+    } else if constexpr (std::is_same<T, CORBA::Boolean>::value) {
+        out.write_boolean_array(v, n);
+    } else {
+        for (std::size_t i = 0; i < n; ++i)
+            Marshal<T>::write(out, v[i]);
+    }
+}
+
+template <class T>
+inline void read_values(YV_CDR::InputStream& in, T* v, std::size_t n)
+{
+    if constexpr (IsBlockPrimitive<T>::value && sizeof(T) == 1) {
+        in.read_octet_array(reinterpret_cast<CORBA::Octet*>(v), n);
+    } else if constexpr (IsBlockPrimitive<T>::value) {
+        in.read_array(v, n);
+    } else if constexpr (std::is_same<T, CORBA::Boolean>::value) {
+        in.read_boolean_array(v, n);
+    } else {
+        for (std::size_t i = 0; i < n; ++i)
+            Marshal<T>::read(in, v[i]);
+    }
+}
 
 } // namespace YV_Cxx
 

@@ -2,9 +2,13 @@
 // for CORBA::Object and CORBA::TypeCode) and value types (ValueStreamable,
 // also for CORBA::ValueBase). extract() gives T*&. A copy of an object
 // reference is a duplicate; a copy of a value is the value's _copy_value.
+//
+// It travels through Marshal<Ref_var<T, Traits>> (RefMarshal.h): reading
+// puts a new reference into the slot and releases the one it held.
 #ifndef YV_RT_YV_CXX_REFSTREAMABLE_H
 #define YV_RT_YV_CXX_REFSTREAMABLE_H
 
+#include "RefMarshal.h"
 #include "Ref_out.h"
 #include "Ref_var.h"
 #include "SlotStreamable.h"
@@ -39,6 +43,26 @@ public:
     static void yv_bind(Base& s, Ref_var<T, Traits>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
     // Bound to the caller's slot behind an out parameter.
     static void yv_bind(Base& s, Ref_out<T, Traits>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
+
+    void yv_write(YV_CDR::OutputStream& out) const override
+    {
+        if constexpr (HasMarshal<Ref_var<T, Traits>>::value)
+            Marshal<Ref_var<T, Traits>>::write(out, this->extract());
+        else
+            YV_Streamable::yv_write(out);
+    }
+    void yv_read(YV_CDR::InputStream& in) override
+    {
+        if constexpr (HasMarshal<Ref_var<T, Traits>>::value) {
+            T* fresh = Marshal<Ref_var<T, Traits>>::read_reference(in);
+            T*& slot = this->extract();
+            T* old = slot;
+            slot = fresh;
+            Traits::release(old);
+        } else {
+            YV_Streamable::yv_read(in);
+        }
+    }
 };
 
 template <class T>

@@ -4,11 +4,19 @@
 // Bound to a value (T*), the slot points at that value and a copy goes into
 // it; bound to a pointer slot (T**), a copy is allocated into the slot when
 // the slot is empty. A null source value leaves the target as it is.
+//
+// It travels through Marshal<T>: reading into an empty pointer slot
+// allocates the value (new T), otherwise it overwrites the value there.
+// Writing a null value is BAD_PARAM.
 #ifndef YV_RT_YV_CXX_VARSTREAMABLE_H
 #define YV_RT_YV_CXX_VARSTREAMABLE_H
 
 #include "Fix_var.h"
+#include "../CORBA/SystemException.h"
+#include "Marshal.h"
 #include "SlotStreamable.h"
+
+#include <memory>
 
 namespace YV_Cxx {
 
@@ -54,6 +62,34 @@ public:
     static auto yv_bind(Base& s, V* out, long) -> decltype(static_cast<T*&>(out->ptr()), void())
     {
         s.yv_bind_foreign_slot(&out->ptr());
+    }
+
+    void yv_write(YV_CDR::OutputStream& out) const override
+    {
+        if constexpr (HasMarshal<T>::value) {
+            const T* v = this->extract();
+            if (v == nullptr)
+                throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
+            Marshal<T>::write(out, *v);
+        } else {
+            YV_Streamable::yv_write(out);
+        }
+    }
+    void yv_read(YV_CDR::InputStream& in) override
+    {
+        if constexpr (HasMarshal<T>::value) {
+            T*& slot = this->extract();
+            if (slot != nullptr) {
+                Marshal<T>::read(in, *slot);
+                return;
+            }
+            // The slot's owner (this streamable or a _var) takes the value.
+            std::unique_ptr<T> fresh(new T());
+            Marshal<T>::read(in, *fresh);
+            slot = fresh.release();
+        } else {
+            YV_Streamable::yv_read(in);
+        }
     }
 };
 

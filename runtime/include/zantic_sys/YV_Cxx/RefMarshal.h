@@ -1,0 +1,90 @@
+// References in CDR.
+//
+// Object references (every interface T, CORBA::Object) travel as IORs
+// through CORBA::Object::_yv_write and _yv_read; a reference read becomes a
+// T through T::_unchecked_narrow. Type codes travel in their own form (the
+// specialisation for TypeCode_var is declared here, its functions live with
+// the type codes); a principal is an octet sequence, which this runtime
+// neither sends (it writes an empty one) nor keeps. Value types do not
+// travel yet (NO_IMPLEMENT).
+//
+// Beside the usual read and write, each specialisation has
+// read_reference(in), which answers a new reference, for the streamables
+// that read into a raw slot.
+#ifndef YV_RT_YV_CXX_REFMARSHAL_H
+#define YV_RT_YV_CXX_REFMARSHAL_H
+
+#include "../CORBA/Object.h"
+#include "../CORBA/Principal.h"
+#include "../CORBA/SystemException.h"
+#include "../CORBA/TypeCode.h"
+#include "Marshal.h"
+#include "Ref_var.h"
+
+#include <type_traits>
+
+namespace YV_Cxx {
+
+template <class T>
+struct Marshal<Ref_var<T, ObjRefTraits<T>>, std::enable_if_t<std::is_base_of<CORBA::Object, T>::value>> {
+    // The repository id's length and NUL, and the profile count.
+    static constexpr std::size_t min_size = 9;
+
+    static void write(YV_CDR::OutputStream& out, T* v) { CORBA::Object::_yv_write(out, v); }
+    static T* read_reference(YV_CDR::InputStream& in)
+    {
+        CORBA::Object_var obj = CORBA::Object::_yv_read(in);
+        if (CORBA::is_nil(obj))
+            return nullptr;
+        // Interfaces of code generated before they had their own
+        // _unchecked_narrow (it would answer a plain Object) narrow by _narrow.
+        if constexpr (std::is_same<decltype(T::_unchecked_narrow(obj)), T*>::value)
+            return T::_unchecked_narrow(obj);
+        else
+            return T::_narrow(obj);
+    }
+    static void read(YV_CDR::InputStream& in, Ref_var<T, ObjRefTraits<T>>& v) { v = read_reference(in); }
+};
+
+template <>
+struct Marshal<Ref_var<CORBA::TypeCode, ObjRefTraits<CORBA::TypeCode>>> {
+    // The kind.
+    static constexpr std::size_t min_size = 4;
+
+    static void write(YV_CDR::OutputStream& out, CORBA::TypeCode_ptr v);
+    static CORBA::TypeCode_ptr read_reference(YV_CDR::InputStream& in);
+    static void read(YV_CDR::InputStream& in, Ref_var<CORBA::TypeCode, ObjRefTraits<CORBA::TypeCode>>& v)
+    {
+        v = read_reference(in);
+    }
+};
+
+template <>
+struct Marshal<Ref_var<CORBA::Principal, ObjRefTraits<CORBA::Principal>>> {
+    static constexpr std::size_t min_size = 4;
+
+    static void write(YV_CDR::OutputStream& out, CORBA::Principal_ptr) { out.write_ulong(0); }
+    static CORBA::Principal_ptr read_reference(YV_CDR::InputStream& in)
+    {
+        in.skip(in.read_count(1));
+        return nullptr;
+    }
+    static void read(YV_CDR::InputStream& in, Ref_var<CORBA::Principal, ObjRefTraits<CORBA::Principal>>& v)
+    {
+        v = read_reference(in);
+    }
+};
+
+template <class T>
+struct Marshal<Ref_var<T, ValueTraits<T>>> {
+    // The null value tag.
+    static constexpr std::size_t min_size = 4;
+
+    static void write(YV_CDR::OutputStream&, T*) { throw CORBA::NO_IMPLEMENT(0, CORBA::COMPLETED_NO); }
+    static T* read_reference(YV_CDR::InputStream&) { throw CORBA::NO_IMPLEMENT(0, CORBA::COMPLETED_NO); }
+    static void read(YV_CDR::InputStream& in, Ref_var<T, ValueTraits<T>>& v) { v = read_reference(in); }
+};
+
+} // namespace YV_Cxx
+
+#endif
