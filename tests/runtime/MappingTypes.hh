@@ -53,4 +53,21 @@ public:
 
 } // namespace Bank
 
+// Marshaling as the client generator writes it, for Owner (Money has none,
+// so that its streamables show how a type without marshaling fails).
+template <>
+struct YV_Cxx::Marshal<Bank::Owner> {
+    static constexpr std::size_t min_size = 9;
+    static void write(YV_CDR::OutputStream& out, const Bank::Owner& v)
+    {
+        YV_Cxx::Marshal<CORBA::String_var>::write(out, v.name);
+        YV_Cxx::Marshal<YV_Cxx::UnboundedSequence<CORBA::Long>>::write(out, v.ids);
+    }
+    static void read(YV_CDR::InputStream& in, Bank::Owner& v)
+    {
+        YV_Cxx::Marshal<CORBA::String_var>::read(in, v.name);
+        YV_Cxx::Marshal<YV_Cxx::UnboundedSequence<CORBA::Long>>::read(in, v.ids);
+    }
+};
+
 #endif

@@ -41,6 +41,12 @@ public:
         CORBA::Fixed::operator=(fitted(v));
         return *this;
     }
+    template <class V, std::enable_if_t<std::is_arithmetic<V>::value, int> = 0>
+    FixedT& operator=(V v)
+    {
+        return *this = CORBA::Fixed(v);
+    }
+    FixedT& operator=(const char* text) { return *this = CORBA::Fixed(text); }
     FixedT& operator+=(const CORBA::Fixed& v) { return *this = *this + v; }
     FixedT& operator-=(const CORBA::Fixed& v) { return *this = *this - v; }
     FixedT& operator*=(const CORBA::Fixed& v) { return *this = *this * v; }
