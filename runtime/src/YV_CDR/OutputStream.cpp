@@ -64,22 +64,7 @@ void OutputStream::write_boolean_array(const CORBA::Boolean* v, std::size_t n)
         p[i] = v[i] ? 1 : 0;
 }
 
-void OutputStream::write_string(const char* s, CORBA::ULong bound)
-{
-    if (s == nullptr)
-        throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
-    write_string(s, std::strlen(s), bound);
-}
-
-void OutputStream::write_string(const char* s, std::size_t length, CORBA::ULong bound)
-{
-    if ((bound != 0 && length > bound) || length >= 0xffffffffu)
-        throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
-    write_ulong(static_cast<CORBA::ULong>(length + 1));
-    unsigned char* p = grow(length + 1);
-    std::memcpy(p, s, length);
-    p[length] = 0;
-}
+void OutputStream::bad_string() { throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO); }
 
 void OutputStream::write_longdouble(CORBA::LongDouble v)
 {

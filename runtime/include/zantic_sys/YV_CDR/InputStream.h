@@ -136,7 +136,8 @@ public:
     CORBA::ULong read_count(std::size_t min_element_size)
     {
         const CORBA::ULong n = read_ulong();
-        if (min_element_size != 0 && n > remaining() / min_element_size)
+        // 64-bit product: n < 2^32 and element sizes are small.
+        if (static_cast<std::uint64_t>(n) * min_element_size > remaining())
             fail(minor_bad_length);
         return n;
     }

@@ -70,8 +70,22 @@ public:
 
     // A string: its length with the NUL, the characters and the NUL. A null
     // pointer is BAD_PARAM. `bound` (when not 0) is checked (BAD_PARAM).
-    void write_string(const char* s, CORBA::ULong bound = 0);
-    void write_string(const char* s, std::size_t length, CORBA::ULong bound);
+    void write_string(const char* s, CORBA::ULong bound = 0)
+    {
+        if (s == nullptr)
+            bad_string();
+        write_string(s, std::strlen(s), bound);
+    }
+    void write_string(const char* s, std::size_t length, CORBA::ULong bound)
+    {
+        if ((bound != 0 && length > bound) || length >= 0xffffffffu)
+            bad_string();
+        // The length, the characters and the NUL in one step.
+        unsigned char* p = grow_aligned(4 + length + 1, 4);
+        store<std::uint32_t>(p, static_cast<std::uint32_t>(length + 1), m_little != native_little_endian);
+        std::memcpy(p + 4, s, length);
+        p[4 + length] = 0;
+    }
     // A wide string in UTF-16. GIOP 1.2: its length in octets, then the code
     // units big-endian, no terminator and no byte-order mark; GIOP 1.1: its
     // length in code units with a terminating NUL, then the code units in
@@ -181,6 +195,8 @@ private:
         store<U>(grow_aligned(sizeof(U), sizeof(U)), v, m_little != native_little_endian);
     }
     void reserve_more(std::size_t n);
+    // Raises BAD_PARAM: a null string, or one over its bound.
+    [[noreturn]] static void bad_string();
 
     unsigned char* m_buf = nullptr;
     std::size_t m_size = 0;

@@ -59,7 +59,8 @@ class Sequence {
 public:
     typedef T value_type;
 
-    Sequence() : m_max(Bound) { reserve(Bound); }
+    // No buffer until the first element (or get_buffer) needs one.
+    Sequence() : m_max(Bound) {}
     // An unbounded sequence with room for `max` elements.
     explicit Sequence(CORBA::ULong max) : m_max(Bound == 0 ? max : Bound) { reserve(m_max); }
     // `length` elements copied from `data`; with `release` the sequence
@@ -130,7 +131,14 @@ public:
     const T& operator[](CORBA::ULong i) const { return m_buf[i]; }
 
     CORBA::Boolean release() const { return true; }
-    T* get_buffer() { return m_buf.get(); }
+    // The buffer, made (of maximum() elements, at least one) if there is
+    // none yet; the const form answers null then.
+    T* get_buffer()
+    {
+        if (!m_buf)
+            reserve(std::max<CORBA::ULong>(m_max, 1));
+        return m_buf.get();
+    }
     const T* get_buffer() const { return m_buf.get(); }
 
     static T* allocbuf(CORBA::ULong n) { return new T[n]; }
@@ -146,9 +154,9 @@ private:
     // are value-initialized, so that a grown sequence of numbers reads zeros.
     void reserve(CORBA::ULong cap)
     {
-        if (cap <= m_cap && m_buf)
+        if (cap <= m_cap)
             return;
-        std::unique_ptr<T[]> fresh(new T[cap == 0 ? 1 : cap]());
+        std::unique_ptr<T[]> fresh(new T[cap]());
         for (CORBA::ULong i = 0; i < m_len; ++i)
             seq_element::move_element(fresh[i], m_buf[i]);
         m_buf = std::move(fresh);

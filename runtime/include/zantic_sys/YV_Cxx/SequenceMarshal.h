@@ -28,7 +28,8 @@ struct Marshal<Sequence<T, Bound>, std::enable_if_t<HasMarshal<T>::value>> {
         if (Bound != 0 && n > Bound)
             YV_CDR::InputStream::fail(YV_CDR::minor_bound);
         v.length(n);
-        read_values(in, v.get_buffer(), n);
+        if (n != 0)
+            read_values(in, v.get_buffer(), n);
     }
 };
 
