@@ -2,15 +2,10 @@
 //
 // Object references (every interface T, CORBA::Object) travel as IORs
 // through CORBA::Object::_yv_write and _yv_read; a reference read becomes a
-// T through T::_unchecked_narrow. Type codes travel in their own form (the
-// specialisation for TypeCode_var is declared here, its functions live with
-// the type codes); a principal is an octet sequence, which this runtime
+// T through T::_unchecked_narrow. Type codes travel in their own form
+// (TypeCodeMarshal.h); a principal is an octet sequence, which this runtime
 // neither sends (it writes an empty one) nor keeps. Value types do not
 // travel yet (NO_IMPLEMENT).
-//
-// Beside the usual read and write, each specialisation has
-// read_reference(in), which answers a new reference, for the streamables
-// that read into a raw slot.
 #ifndef YV_RT_YV_CXX_REFMARSHAL_H
 #define YV_RT_YV_CXX_REFMARSHAL_H
 
@@ -20,6 +15,7 @@
 #include "../CORBA/TypeCode.h"
 #include "Marshal.h"
 #include "Ref_var.h"
+#include "TypeCodeMarshal.h"
 
 #include <type_traits>
 
@@ -44,19 +40,6 @@ struct Marshal<Ref_var<T, ObjRefTraits<T>>, std::enable_if_t<std::is_base_of<COR
             return T::_narrow(obj);
     }
     static void read(YV_CDR::InputStream& in, Ref_var<T, ObjRefTraits<T>>& v) { v = read_reference(in); }
-};
-
-template <>
-struct Marshal<Ref_var<CORBA::TypeCode, ObjRefTraits<CORBA::TypeCode>>> {
-    // The kind.
-    static constexpr std::size_t min_size = 4;
-
-    static void write(YV_CDR::OutputStream& out, CORBA::TypeCode_ptr v);
-    static CORBA::TypeCode_ptr read_reference(YV_CDR::InputStream& in);
-    static void read(YV_CDR::InputStream& in, Ref_var<CORBA::TypeCode, ObjRefTraits<CORBA::TypeCode>>& v)
-    {
-        v = read_reference(in);
-    }
 };
 
 template <>

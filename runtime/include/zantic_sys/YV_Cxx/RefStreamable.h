@@ -46,18 +46,21 @@ public:
 
     void yv_write(YV_CDR::OutputStream& out) const override
     {
-        if constexpr (HasMarshal<Ref_var<T, Traits>>::value)
-            Marshal<Ref_var<T, Traits>>::write(out, this->extract());
-        else
+        if constexpr (HasMarshal<Ref_var<T, Traits>>::value) {
+            const Ref_var<T, Traits> var(Traits::duplicate(this->extract()));
+            Marshal<Ref_var<T, Traits>>::write(out, var);
+        } else {
             YV_Streamable::yv_write(out);
+        }
     }
     void yv_read(YV_CDR::InputStream& in) override
     {
         if constexpr (HasMarshal<Ref_var<T, Traits>>::value) {
-            T* fresh = Marshal<Ref_var<T, Traits>>::read_reference(in);
+            Ref_var<T, Traits> fresh;
+            Marshal<Ref_var<T, Traits>>::read(in, fresh);
             T*& slot = this->extract();
             T* old = slot;
-            slot = fresh;
+            slot = fresh._retn();
             Traits::release(old);
         } else {
             YV_Streamable::yv_read(in);
