@@ -96,3 +96,26 @@ TEST(AnyInsert, TypeCodesAndObjectReferencesStayOwnedByTheAny)
 }
 
 } // namespace
+
+namespace {
+
+TEST(AnyInsert, SystemExceptions)
+{
+    CORBA::Any a;
+    a <<= CORBA::BAD_PARAM(5, CORBA::COMPLETED_MAYBE);
+    const CORBA::BAD_PARAM* bad = nullptr;
+    ASSERT_TRUE(a >>= bad);
+    EXPECT_EQ(bad->minor(), 5u);
+    EXPECT_EQ(bad->completed(), CORBA::COMPLETED_MAYBE);
+    const CORBA::MARSHAL* marshal = nullptr;
+    EXPECT_FALSE(a >>= marshal);
+    a <<= new CORBA::MARSHAL(7);
+    ASSERT_TRUE(a >>= marshal);
+    EXPECT_EQ(marshal->minor(), 7u);
+    CORBA::TypeCode_var tc = a.type();
+    EXPECT_STREQ(tc->id(), "IDL:omg.org/CORBA/MARSHAL:1.0");
+    CORBA::TypeCode_var completed = tc->member_type(1);
+    EXPECT_EQ(completed->member_count(), 3u);
+}
+
+} // namespace

@@ -15,6 +15,7 @@
 #include "../zantic_sys/CORBA/Principal.h"
 #include "../zantic_sys/CORBA/String_var.h"
 #include "../zantic_sys/CORBA/SystemException.h"
+#include "../zantic_sys/CORBA/SystemExceptionAny.h"
 #include "../zantic_sys/CORBA/TypeCode.h"
 #include "../zantic_sys/CORBA/Types.h"
 #include "../zantic_sys/CORBA/ValueBase.h"
