@@ -169,7 +169,10 @@ std::string CxxTypeMapping::name(AST_Type* declared) const
     case AST_Decl::NT_string: return AST_String::narrow_from_decl(declared)->is_wide() ? "CORBA::WChar*" : "char*";
     case AST_Decl::NT_object: return "CORBA::Object";
     case AST_Decl::NT_valuebase: return "CORBA::ValueBase";
-    case AST_Decl::NT_fixed: return "CORBA::Fixed";
+    case AST_Decl::NT_fixed: {
+        AST_Fixed* f = AST_Fixed::narrow_from_decl(declared);
+        return "YV_Cxx::FixedT<" + std::to_string(f->digits()) + ", " + std::to_string(f->scale()) + ">";
+    }
     case AST_Decl::NT_sequence: return sequence(AST_Sequence::narrow_from_decl(declared));
     case AST_Decl::NT_array: return array_type(AST_Array::narrow_from_decl(declared));
     case AST_Decl::NT_interface_fwd:

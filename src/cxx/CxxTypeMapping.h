@@ -65,7 +65,8 @@ public:
     static const char* predefined_base(AST_PredefinedType::PredefinedType pt);
 
     // The C++ name of the declared type as seen from the mapping's scope:
-    // "CORBA::Long", "M::S", "CORBA::Object", "CORBA::Any", ...
+    // "CORBA::Long", "M::S", "CORBA::Object", "CORBA::Any",
+    // "YV_Cxx::FixedT<9, 2>" for fixed<9,2> ...
     std::string name(AST_Type* declared) const;
     // The parameter type for the mode (M_return: the result type).
     std::string param(AST_Type* t, Mode m) const;

@@ -300,7 +300,9 @@ void GEN_CPlusPlus::output_header_system_includes(std::ostream& os) { os << "#in
 
 void GEN_CPlusPlus::output_stub_system_includes(std::ostream& os)
 {
-    os << "#include <zantic_sys/YV_Cxx/narrow_reference.h>\n";
+    os << "#include <zantic_sys/YV_Cxx/AnyInsert.h>\n"
+          "#include <zantic_sys/YV_Cxx/Operation.h>\n"
+          "#include <zantic_sys/YV_Cxx/narrow_reference.h>\n";
 }
 
 void GEN_CPlusPlus::output_os_specific_header_stuff(std::ostream&) {}

@@ -29,6 +29,7 @@
 #include "YV_Cxx/BasicStreamable.h"
 #include "YV_Cxx/BasicStringStreamable.h"
 #include "YV_Cxx/CallArguments.h"
+#include "YV_Cxx/ExceptionMarshal.h"
 #include "YV_Cxx/FixedT.h"
 #include "YV_Cxx/Marshal.h"
 #include "YV_Cxx/RefMarshal.h"

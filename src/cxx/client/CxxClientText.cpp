@@ -8,8 +8,6 @@
 #include "UTL_Scope.h"
 #include "VIS_Cxx.h"
 
-#include <ostream>
-
 CxxClientText::CxxClientText(VIS_Cxx* v)
     : m_visitor(v), m_resolver(v->resolver()),
       m_gen(v->generator() ? static_cast<GEN_CPlusPlus*>(v->generator()->narrow(&GEN_CPlusPlus::_narrow_tag))
@@ -22,7 +20,7 @@ std::string CxxClientText::local(AST_Decl* d) const { return m_resolver.local_na
 
 std::string CxxClientText::full(AST_Decl* d) const { return m_map.full_name(d); }
 
-std::ostream& CxxClientText::at_indent() const { return m_visitor->stream() << m_visitor->indent(); }
+CxxPrinter CxxClientText::printer() const { return CxxPrinter(m_visitor->stream(), m_visitor->indent()); }
 
 bool CxxClientText::in_class(UTL_Scope* s) const
 {
@@ -45,10 +43,10 @@ bool CxxClientText::first_companions(AST_Decl* d) const { return !m_gen || m_gen
 void CxxClientText::write_forward(const char* keyword, AST_Type* full, AST_Decl* fwd) const
 {
     const std::string name = local(fwd);
-    at_indent() << keyword << " " << name << ";\n";
+    printer().print("$keyword$ $name$;\n", {{"keyword", keyword}, {"name", name}});
     if (first_companions(full ? full : fwd))
         write_companions(full, name, fwd->defined_in());
-    m_visitor->stream() << "\n";
+    printer().print("\n");
 }
 
 std::string CxxClientText::class_macro() const
@@ -59,28 +57,27 @@ std::string CxxClientText::class_macro() const
 void CxxClientText::write_typecode_declaration(AST_Decl* d) const
 {
     const std::string storage = in_class(d->defined_in()) ? "static " : "extern " + class_macro();
-    at_indent() << storage << "const CORBA::TypeCode_ptr _tc_" << local(d) << ";\n";
+    printer().print("$storage$const CORBA::TypeCode_ptr _tc_$name$;\n", {{"storage", storage}, {"name", local(d)}});
 }
 
 void CxxClientText::write_companions(AST_Type* t, const std::string& n, UTL_Scope* where) const
 {
-    auto line = [this](const std::string& text) { at_indent() << text << "\n"; };
+    CxxPrinter p = printer();
     auto var_out = [&](const std::string& var, const std::string& out) {
-        line("typedef " + var + " " + n + "_var;");
-        line("typedef " + out + " " + n + "_out;");
+        p.print("typedef $var$ $n$_var;\ntypedef $out$ $n$_out;\n", {{"var", var}, {"out", out}, {"n", n}});
     };
     switch (CxxTypeMapping::kind_of(t)) {
     case CxxTypeMapping::K_basic:
-    case CxxTypeMapping::K_enum: line("typedef " + n + "& " + n + "_out;"); break;
+    case CxxTypeMapping::K_enum: p.print("typedef $n$& $n$_out;\n", {{"n", n}}); break;
     case CxxTypeMapping::K_string: var_out("CORBA::String_var", "CORBA::String_out"); break;
     case CxxTypeMapping::K_wstring: var_out("CORBA::WString_var", "CORBA::WString_out"); break;
     case CxxTypeMapping::K_any: var_out("CORBA::Any_var", "CORBA::Any_out"); break;
-    case CxxTypeMapping::K_fixed: var_out("CORBA::Fixed_var", "CORBA::Fixed_out"); break;
+    case CxxTypeMapping::K_fixed: var_out("YV_Cxx::Fix_var<" + n + ">", n + "&"); break;
     case CxxTypeMapping::K_principal:
     case CxxTypeMapping::K_typecode:
     case CxxTypeMapping::K_object:
     case CxxTypeMapping::K_interface:
-        line("typedef " + n + "* " + n + "_ptr;");
+        p.print("typedef $n$* $n$_ptr;\n", {{"n", n}});
         var_out("YV_Cxx::ObjRef_var<" + n + ">", "YV_Cxx::ObjRef_out<" + n + ">");
         break;
     case CxxTypeMapping::K_value:
@@ -97,15 +94,19 @@ void CxxClientText::write_companions(AST_Type* t, const std::string& n, UTL_Scop
     case CxxTypeMapping::K_sequence: var_out("YV_Cxx::Seq_var<" + n + ">", "YV_Cxx::Seq_out<" + n + ">"); break;
     case CxxTypeMapping::K_array: {
         const std::string fn = function_storage(where);
-        const std::string slice = n + "_slice";
-        line("typedef YV_Cxx::ArraySlice<" + n + "> " + slice + ";");
+        const CxxPrinter::Vars vars{{"n", n}, {"fn", fn}};
+        p.print("typedef YV_Cxx::ArraySlice<$n$> $n$_slice;\n", vars);
         var_out("YV_Cxx::Array_var<" + n + ">", isFixedLength(t) ? n : "YV_Cxx::Array_out<" + n + ">");
-        line("typedef YV_Cxx::Array_forany<" + n + "> " + n + "_forany;");
-        line(fn + slice + "* " + n + "_alloc() { return YV_Cxx::array_alloc<" + n + ">(); }");
-        line(fn + slice + "* " + n + "_dup(const " + slice + "* from) { return YV_Cxx::array_dup<" + n + ">(from); }");
-        line(fn + "void " + n + "_copy(" + slice + "* to, const " + slice + "* from) { YV_Cxx::array_copy<" + n +
-             ">(to, from); }");
-        line(fn + "void " + n + "_free(" + slice + "* a) { YV_Cxx::array_free<" + n + ">(a); }");
+        {
+            auto forany = p.block("class $n$_forany : public YV_Cxx::Array_forany<$n$>\n{\n  public:\n", "};\n", vars);
+            p.print("using Array_forany::Array_forany;\n");
+            p.print("using Array_forany::operator=;\n");
+        }
+        p.print("$fn$$n$_slice* $n$_alloc() { return YV_Cxx::array_alloc<$n$>(); }\n", vars);
+        p.print("$fn$$n$_slice* $n$_dup(const $n$_slice* from) { return YV_Cxx::array_dup<$n$>(from); }\n", vars);
+        p.print("$fn$void $n$_copy($n$_slice* to, const $n$_slice* from) { YV_Cxx::array_copy<$n$>(to, from); }\n",
+                vars);
+        p.print("$fn$void $n$_free($n$_slice* a) { YV_Cxx::array_free<$n$>(a); }\n", vars);
         break;
     }
     default: break;

@@ -6,6 +6,7 @@
 #ifndef CXXCLIENTTEXT_H
 #define CXXCLIENTTEXT_H
 
+#include "CxxPrinter.h"
 #include "CxxTypeMapping.h"
 
 #include <iosfwd>
@@ -45,7 +46,8 @@ public:
     bool first_companions(AST_Decl* d) const;
     // Writes, at the current level, the companion types of named type `t`
     // whose C++ name is `name` in the scope where it stands: _ptr, _var,
-    // _out, and for arrays _slice, _forany and the allocation functions.
+    // _out, and for arrays _slice, _forany (a class per array typedef, so
+    // that each has its any operators) and the allocation functions.
     // What is written follows the kind of the type (typedefs looked
     // through); a kind without companions writes nothing.
     void write_companions(AST_Type* t, const std::string& name, UTL_Scope* where) const;
@@ -62,7 +64,8 @@ public:
     // a class).
     void write_typecode_declaration(AST_Decl* d) const;
 
-    std::ostream& at_indent() const;
+    // A writer on the visitor's stream at the visitor's level.
+    CxxPrinter printer() const;
     // The C++ generator of the run (null outside a run).
     GEN_CPlusPlus* generator() const { return m_gen; }
 

@@ -18,6 +18,7 @@ struct ProvidedName {
 const ProvidedName provided_names[] = {
     {"PortableServer::POA", "<omg/PortableServer.hh>"},
     {"PortableServer::POAManager", "<omg/PortableServer.hh>"},
+    {"PortableServer::ObjectId", "<omg/PortableServer.hh>"},
     {"Messaging::ReplyHandler", "<omg/Messaging.hh>"},
     {"Messaging::ExceptionHolder", "<omg/Messaging.hh>"},
 };

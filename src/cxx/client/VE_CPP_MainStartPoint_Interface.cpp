@@ -1,13 +1,13 @@
 #include "VE_CPP_MainStartPoint_Interface.h"
 
 #include "AST_Argument.h"
+#include "AST_Exception.h"
 #include "AST_Attribute.h"
 #include "AST_Interface.h"
 #include "AST_Operation.h"
 #include "CxxClientText.h"
 #include "CxxRuntimeNames.h"
 #include "CxxLiteral.h"
-#include "CxxMemberDeclaration.h"
 #include "CxxNaming.h"
 #include "CxxTypeQueries.h"
 #include "GEN_CPlusPlus.h"
@@ -16,14 +16,11 @@
 
 #include <algorithm>
 #include <memory>
-#include <ostream>
 
 namespace {
 
 const char* const result_var = "_yvl_result";
 const char* const args_var = "_yvl_args";
-
-using Params = std::vector<std::pair<AST_Type*, std::pair<CxxTypeMapping::Mode, std::string>>>;
 
 bool is_void(AST_Type* t) { return !t || CxxTypeMapping::kind_of(t) == CxxTypeMapping::K_void; }
 
@@ -96,53 +93,57 @@ long VE_CPP_MainStartPoint_Interface::visit(AST_Decl* d)
     AST_Interface* i = AST_Interface::narrow_from_decl(d);
     if (!i)
         throw Visitor_i::NarrowFailure(visitor(), d);
+    CxxClientText text(visitor());
+    CxxPrinter p = text.printer();
     if (!CxxRuntimeNames::provided(i, resolver()))
-        output_interface(i, HandlerTargets());
-    GEN_CPlusPlus* gen = CxxClientText(visitor()).generator();
+        output_interface(p, i, HandlerTargets());
+    GEN_CPlusPlus* gen = text.generator();
     if (gen && gen->ami_callbacks_on() && !i->is_local()) {
         std::unique_ptr<AST_Interface> handler(VE_HH_MainStartPoint_Interface(visitor()).create_full_ami_handler(i));
         HandlerTargets targets;
         pair_handlers(handler.get(), i, targets);
-        output_interface(handler.get(), targets);
+        output_interface(p, handler.get(), targets);
     }
     return 1;
 }
 
-void VE_CPP_MainStartPoint_Interface::output_interface(AST_Interface* i, const HandlerTargets& targets)
+void VE_CPP_MainStartPoint_Interface::output_interface(CxxPrinter& p, AST_Interface* i, const HandlerTargets& targets)
 {
-    output_type_id(i);
-    output_typecode(i);
-    os() << "\n";
-    output_narrow(i);
+    output_type_id(p, i);
+    output_typecode(p, i);
+    p.print("\n");
+    output_narrow(p, i);
     for (const auto& member : i->decls()) {
         AST_Decl* d = member.get();
         if (d->node_type() != AST_Decl::NT_op && d->node_type() != AST_Decl::NT_attr && d->in_main_file())
             d->accept(visitor());
     }
     if (!i->is_local())
-        output_proxy(i, targets);
+        output_proxy(p, i, targets);
+    // A reply handler is no type of the tree: no operators are declared for it.
+    if (targets.empty())
+        output_any_operators(p, i);
 }
 
-void VE_CPP_MainStartPoint_Interface::output_narrow(AST_Interface* i)
+void VE_CPP_MainStartPoint_Interface::output_narrow(CxxPrinter& p, AST_Interface* i)
 {
     CxxClientText text(visitor());
     const std::string full = text.full(i);
-    CxxMemberDeclaration head(full + "_ptr", full + "::_narrow");
-    head.add_parameter("CORBA::Object_ptr", "_yvp_obj");
-    head.write(os(), indent(), nullptr, nullptr);
-    os() << "\n";
-    at_indent() << "{\n";
-    indent().increment();
-    if (i->is_local())
-        at_indent() << "return _duplicate(dynamic_cast<" << full << "_ptr>(_yvp_obj));\n";
-    else
-        at_indent() << "return YV_Cxx::narrow_reference<" << full << ", " << text.mapping().scope_prefix(i)
-                    << "YV_Gen_DynamicProxy_" << text.local(i) << ">(_yvp_obj);\n";
-    indent().decrement();
-    at_indent() << "}\n\n";
+    const std::string proxy = text.mapping().scope_prefix(i) + "YV_Gen_DynamicProxy_" + text.local(i);
+    for (const char* narrow : {"_narrow", "_unchecked_narrow"}) {
+        p.member(full + "_ptr", full + "::" + narrow, {"CORBA::Object_ptr _yvp_obj"}, "\n");
+        auto body = p.block("{\n", "}\n\n");
+        if (i->is_local())
+            p.print("return _duplicate(dynamic_cast<$full$_ptr>(_yvp_obj));\n", {{"full", full}});
+        else
+            p.print("return YV_Cxx::$helper$<$full$, $proxy$>(_yvp_obj);\n",
+                    {{"helper", std::string(narrow) == "_narrow" ? "narrow_reference" : "unchecked_narrow_reference"},
+                     {"full", full},
+                     {"proxy", proxy}});
+    }
 }
 
-void VE_CPP_MainStartPoint_Interface::output_proxy(AST_Interface* i, const HandlerTargets& targets)
+void VE_CPP_MainStartPoint_Interface::output_proxy(CxxPrinter& p, AST_Interface* i, const HandlerTargets& targets)
 {
     CxxClientText text(visitor());
     const CxxTypeMapping& map = text.mapping();
@@ -155,69 +156,83 @@ void VE_CPP_MainStartPoint_Interface::output_proxy(AST_Interface* i, const Handl
         AST_Interface* handler_target = target == targets.end() ? nullptr : target->second;
         for (const auto& member : x->decls()) {
             if (AST_Operation* op = AST_Operation::narrow_from_decl(member.get())) {
-                Params params;
+                ProxyMember m{map.param(op->return_type(), CxxTypeMapping::M_return),
+                              is_void(op->return_type()) ? nullptr : op->return_type(),
+                              proxy + text.local(op),
+                              {},
+                              request_name(op, handler_target),
+                              op->is_oneway() != 0,
+                              op->exceptions()->items(),
+                              op_has_natives(op)};
                 for (const auto& a : op->decls())
                     if (AST_Argument* arg = AST_Argument::narrow_from_decl(a.get()))
-                        params.push_back({arg->field_type(), {CxxTypeMapping::mode_of(arg->direction()), text.local(arg)}});
-                output_proxy_member(map.param(op->return_type(), CxxTypeMapping::M_return), op->return_type(),
-                                    proxy + text.local(op), params, request_name(op, handler_target),
-                                    op_has_natives(op));
+                        m.params.push_back({arg->field_type(), CxxTypeMapping::mode_of(arg->direction()), text.local(arg)});
+                output_proxy_member(p, m);
             } else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(member.get())) {
                 const std::string name = a->local_name()->str();
                 AST_Type* t = a->field_type();
-                output_proxy_member(map.param(t, CxxTypeMapping::M_return), t, proxy + text.local(a), Params(),
-                                    "_get_" + name, attr_has_natives(a));
+                output_proxy_member(p, {map.param(t, CxxTypeMapping::M_return), t, proxy + text.local(a), {},
+                                        "_get_" + name, false, a->get_exceptions()->items(), attr_has_natives(a)});
                 if (!a->readonly())
-                    output_proxy_member("void", nullptr, proxy + text.local(a),
-                                        Params{{t, {CxxTypeMapping::M_in, "_yvvar_" + text.local(a)}}},
-                                        "_set_" + name, attr_has_natives(a));
+                    output_proxy_member(p, {"void", nullptr, proxy + text.local(a),
+                                            {{t, CxxTypeMapping::M_in, "_yvvar_" + text.local(a)}}, "_set_" + name,
+                                            false, a->set_exceptions()->items(), attr_has_natives(a)});
             }
         }
     }
 }
 
-void VE_CPP_MainStartPoint_Interface::output_proxy_member(const std::string& result_type,
-                                                          AST_Type* result, const std::string& name,
-                                                          const Params& params, const std::string& request,
-                                                          bool has_natives)
+void VE_CPP_MainStartPoint_Interface::output_proxy_member(CxxPrinter& p, const ProxyMember& m)
 {
     CxxClientText text(visitor());
     const CxxTypeMapping& map = text.mapping();
-    CxxMemberDeclaration head(result_type, name);
-    for (const auto& p : params)
-        head.add_parameter(map.param(p.first, p.second.first), p.second.second);
-    head.write(os(), indent(), nullptr, nullptr);
-    os() << "\n";
-    at_indent() << "{\n";
-    indent().increment();
-    if (has_natives) {
+    std::vector<std::string> params;
+    for (const Param& param : m.params)
+        params.push_back(map.param(param.type, param.mode) + " " + param.name);
+    p.member_of(m.result_type, m.name, params, "\n");
+    auto body = p.block("{\n", "}\n\n");
+    if (m.has_natives) {
         // A native value cannot be carried by a streamable.
-        for (const auto& p : params)
-            at_indent() << "static_cast<void>(" << p.second.second << ");\n";
-        at_indent() << "throw CORBA::NO_IMPLEMENT();\n";
-    } else {
-        for (const auto& p : params)
-            at_indent() << map.streamable(p.first) << " " << yvstrmvar(p.second.second.c_str()) << "("
-                        << binding(p.first, p.second.first, p.second.second) << ");\n";
-        const std::string result_strm = yvstrmvar("_result");
-        if (!is_void(result)) {
-            const bool by_value = result_by_value(result);
-            at_indent() << result_type << " " << result_var << " = " << (by_value ? result_type + "()" : "0") << ";\n";
-            at_indent() << map.streamable(result) << " " << result_strm << "(&" << result_var
-                        << (by_value ? "" : ", YV_Cxx::usage_borrow") << ");\n";
-        }
-        if (!params.empty()) {
-            at_indent() << "YV_Cxx::CallArguments " << args_var << ";\n";
-            for (const auto& p : params)
-                at_indent() << args_var << "." << direction_call(p.second.first) << "("
-                            << yvstrmvar(p.second.second.c_str()) << ");\n";
-        }
-        at_indent() << "_yv_invoke(" << CxxLiteral::string_literal(request, false) << ", "
-                    << (params.empty() ? std::string("0") : "&" + std::string(args_var)) << ", "
-                    << (is_void(result) ? std::string("0") : "&" + result_strm) << ");\n";
-        if (!is_void(result))
-            at_indent() << "return " << result_var << ";\n";
+        for (const Param& param : m.params)
+            p.print("static_cast<void>($name$);\n", {{"name", param.name}});
+        p.print("throw CORBA::NO_IMPLEMENT();\n");
+        return;
     }
-    indent().decrement();
-    at_indent() << "}\n\n";
+    if (!m.raises.empty()) {
+        auto list = p.block("static const YV_Cxx::UserExceptionInfo _yvl_raises[] = {\n", "};\n");
+        for (AST_Exception* e : m.raises)
+            p.print("{$id$, &YV_Cxx::read_and_raise<$e$>},\n",
+                    {{"id", CxxLiteral::string_literal(e->repoID(), false)}, {"e", text.full(e)}});
+    }
+    const std::string count = std::to_string(m.raises.size());
+    p.print("static const YV_Cxx::Operation _yvl_op = {$request$, $oneway$, $raises$, $count$};\n",
+            {{"request", CxxLiteral::string_literal(m.request, false)},
+             {"oneway", m.oneway ? "true" : "false"},
+             {"raises", m.raises.empty() ? "nullptr" : "_yvl_raises"},
+             {"count", count}});
+    for (const Param& param : m.params)
+        p.print("$strm$ $var$($binding$);\n", {{"strm", map.streamable(param.type)},
+                                               {"var", yvstrmvar(param.name.c_str())},
+                                               {"binding", binding(param.type, param.mode, param.name)}});
+    const std::string result_strm = yvstrmvar("_result");
+    if (m.result) {
+        const bool by_value = result_by_value(m.result);
+        p.print("$type$ $var$ = $init$;\n",
+                {{"type", m.result_type}, {"var", result_var}, {"init", by_value ? m.result_type + "()" : "0"}});
+        p.print("$strm$ $var$(&$result$$usage$);\n", {{"strm", map.streamable(m.result)},
+                                                     {"var", result_strm},
+                                                     {"result", result_var},
+                                                     {"usage", by_value ? "" : ", YV_Cxx::usage_borrow"}});
+    }
+    if (!m.params.empty()) {
+        p.print("YV_Cxx::CallArguments $args$;\n$args$", {{"args", args_var}});
+        for (const Param& param : m.params)
+            p.print(".$dir$($var$)", {{"dir", direction_call(param.mode)}, {"var", yvstrmvar(param.name.c_str())}});
+        p.print(";\n");
+    }
+    p.print("_yv_invoke(_yvl_op, $args$, $result$);\n",
+            {{"args", m.params.empty() ? std::string("0") : "&" + std::string(args_var)},
+             {"result", m.result ? "&" + result_strm : std::string("0")}});
+    if (m.result)
+        p.print("return $var$;\n", {{"var", result_var}});
 }

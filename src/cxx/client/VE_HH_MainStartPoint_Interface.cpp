@@ -21,7 +21,6 @@
 
 #include <map>
 #include <memory>
-#include <ostream>
 
 namespace {
 
@@ -235,11 +234,12 @@ long VE_HH_MainStartPoint_Interface::visit(AST_Decl* d)
     AST_Interface* i = AST_Interface::narrow_from_decl(d);
     if (!i)
         throw Visitor_i::NarrowFailure(visitor(), d);
+    CxxClientText text(visitor());
     if (CxxRuntimeNames::provided(i, resolver()))
-        at_indent() << "// " << CxxClientText(visitor()).full(i) << ": defined by the runtime\n\n";
+        text.printer().print("// $name$: defined by the runtime\n\n", {{"name", text.full(i)}});
     else
         output_interface(i);
-    GEN_CPlusPlus* gen = CxxClientText(visitor()).generator();
+    GEN_CPlusPlus* gen = text.generator();
     if (gen && gen->ami_callbacks_on() && !i->is_local()) {
         std::unique_ptr<AST_Interface> handler(create_full_ami_handler(i));
         output_interface(handler.get());
@@ -250,51 +250,48 @@ long VE_HH_MainStartPoint_Interface::visit(AST_Decl* d)
 void VE_HH_MainStartPoint_Interface::output_interface(AST_Interface* i)
 {
     CxxClientText text(visitor());
+    CxxPrinter p = text.printer();
     const std::string name = text.local(i);
     // A reply handler is made afresh for every use, so only tree nodes are
     // remembered as announced.
     const bool handler = dynamic_cast<AMI_ReplyHandlerInterface*>(i) != nullptr;
     if (handler || text.first_companions(i)) {
-        at_indent() << "class " << name << ";\n";
+        p.print("class $name$;\n", {{"name", name}});
         text.write_companions(i, name, i->defined_in());
-        os() << "\n";
+        p.print("\n");
     }
-    at_indent() << "class " << text.class_macro() << name << " :\n";
-    indent().increment();
+    p.print("class $macro$$name$ :\n", {{"macro", text.class_macro()}, {"name", name}});
+    p.indent();
     if (i->inherits().empty())
-        at_indent() << "public virtual CORBA::Object";
-    write_list(i->inherits(), ",\n", [&](std::ostream& out, AST_Interface* base) {
-        out << indent() << "public virtual " << text.full(base);
-    });
-    os() << "\n";
-    indent().decrement();
-    at_indent() << "{\n";
-    at_indent() << "  public:\n";
-    output_standard_members(i);
-    output_members(i);
-    at_indent() << "};\n";
+        p.print("public virtual CORBA::Object");
+    p.list(i->inherits(), ",\n", [&](AST_Interface* base) { p.print("public virtual $base$", {{"base", text.full(base)}}); });
+    p.print("\n");
+    p.outdent();
+    {
+        auto cls = p.block("{\n  public:\n", "};\n");
+        output_standard_members(p, i);
+        output_members(i);
+    }
     text.write_typecode_declaration(i);
-    os() << "\n";
+    p.print("\n");
     if (!i->is_local())
         output_proxy(i);
 }
 
-void VE_HH_MainStartPoint_Interface::output_standard_members(AST_Interface* i)
+void VE_HH_MainStartPoint_Interface::output_standard_members(CxxPrinter& p, AST_Interface* i)
 {
-    CxxClientText text(visitor());
-    const std::string ptr = text.full(i) + "_ptr";
-    indent().increment();
-    at_indent() << "static " << ptr << " _duplicate(" << ptr
-                << " _yvp_obj) { if (_yvp_obj) _yvp_obj->_yv_add_ref(); return _yvp_obj; }\n";
-    at_indent() << "static " << ptr << " _nil() { return 0; }\n";
-    at_indent() << "static " << ptr << " _narrow(CORBA::Object_ptr _yvp_obj);\n";
-    at_indent() << "static const YV_FWString _yv_fw_type_id;\n\n";
-    indent().decrement();
+    const std::string ptr = CxxClientText(visitor()).full(i) + "_ptr";
+    const CxxPrinter::Vars vars{{"ptr", ptr}};
+    p.print("static $ptr$ _duplicate($ptr$ _yvp_obj) { if (_yvp_obj) _yvp_obj->_yv_add_ref(); return _yvp_obj; }\n",
+            vars);
+    p.print("static $ptr$ _nil() { return 0; }\n", vars);
+    p.print("static $ptr$ _narrow(CORBA::Object_ptr _yvp_obj);\n", vars);
+    p.print("static $ptr$ _unchecked_narrow(CORBA::Object_ptr _yvp_obj);\n", vars);
+    p.print("static const YV_FWString _yv_fw_type_id;\n\n");
 }
 
 void VE_HH_MainStartPoint_Interface::output_members(AST_Interface* i)
 {
-    indent().increment();
     // Declarations name their types fully scoped.
     UTL_Scope* saved = visitor()->scope();
     visitor()->set_scope(nullptr);
@@ -305,21 +302,16 @@ void VE_HH_MainStartPoint_Interface::output_members(AST_Interface* i)
             VIS_HH_MainStartPoint::write_one(os(), indent().get_indent(), d, generator());
     }
     visitor()->set_scope(saved);
-    indent().decrement();
 }
 
 void VE_HH_MainStartPoint_Interface::output_proxy(AST_Interface* i)
 {
     CxxClientText text(visitor());
+    CxxPrinter p = text.printer();
     const std::string proxy = "YV_Gen_DynamicProxy_" + text.local(i);
-    at_indent() << "class " << text.class_macro() << proxy << " :\n";
-    indent().increment();
-    at_indent() << "public virtual " << text.full(i) << "\n";
-    indent().decrement();
-    at_indent() << "{\n";
-    at_indent() << "  public:\n";
-    indent().increment();
-    at_indent() << "explicit " << proxy << "(CORBA::Object_ptr _yvp_target) : CORBA::Object(_yvp_target) {}\n\n";
+    auto cls = p.block("class $macro$$proxy$ :\n    public virtual $full$\n{\n  public:\n", "};\n\n",
+                       {{"macro", text.class_macro()}, {"proxy", proxy}, {"full", text.full(i)}});
+    p.print("explicit $proxy$(CORBA::Object_ptr _yvp_target) : CORBA::Object(_yvp_target) {}\n\n", {{"proxy", proxy}});
 
     UTL_Scope* saved = visitor()->scope();
     visitor()->set_scope(nullptr);
@@ -332,20 +324,18 @@ void VE_HH_MainStartPoint_Interface::output_proxy(AST_Interface* i)
         for (const auto& member : x->decls()) {
             if (AST_Operation* op = AST_Operation::narrow_from_decl(member.get())) {
                 op_decl.visit(op);
-                os() << "\n\n";
+                p.raw("\n\n");
             } else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(member.get())) {
                 attr_decl.output_get(a);
-                os() << "\n\n";
+                p.raw("\n\n");
                 if (!a->readonly()) {
                     attr_decl.output_set(a);
-                    os() << "\n";
+                    p.raw("\n");
                 }
             }
         }
     }
     visitor()->set_scope(saved);
-    indent().decrement();
-    at_indent() << "};\n\n";
 }
 
 AST_Interface* VE_HH_MainStartPoint_Interface::create_full_ami_handler(AST_Interface* i)

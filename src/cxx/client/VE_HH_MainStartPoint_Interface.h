@@ -4,7 +4,8 @@
 //   class I : public virtual <bases or CORBA::Object>
 //   {
 //     public:
-//       static I_ptr _duplicate(I_ptr), _nil(), _narrow(CORBA::Object_ptr);
+//       static I_ptr _duplicate(I_ptr), _nil(), _narrow(CORBA::Object_ptr),
+//           _unchecked_narrow(CORBA::Object_ptr);
 //       static const YV_FWString _yv_fw_type_id;
 //       <pure virtual member per operation and accessor, nested types>
 //   };
@@ -25,6 +26,7 @@
 #include <string>
 
 class AST_Interface;
+class CxxPrinter;
 
 class VE_HH_MainStartPoint_Interface : public virtual VE_Cxx {
 public:
@@ -43,8 +45,9 @@ public:
 protected:
     // The whole text of one interface (I itself or its reply handler).
     virtual void output_interface(AST_Interface* i);
-    // The class's static members: _duplicate, _nil, _narrow, the type id.
-    virtual void output_standard_members(AST_Interface* i);
+    // The class's static members: _duplicate, _nil, _narrow,
+    // _unchecked_narrow, the type id.
+    virtual void output_standard_members(CxxPrinter& p, AST_Interface* i);
     // The interface's own declarations in order: operations and accessors
     // as pure virtual members, nested types and constants.
     virtual void output_members(AST_Interface* i);

@@ -1,6 +1,7 @@
 // The client header's native emitter. A native type has no mapping of its
 // own; an opaque pointer stands in for it, so that the operations of local
-// interfaces that use it can be declared ("typedef void* N;").
+// interfaces that use it can be declared ("typedef void* N;"). It has a
+// type code (tk_native) like every named type.
 #ifndef VE_HH_MAINSTARTPOINT_NATIVE_H
 #define VE_HH_MAINSTARTPOINT_NATIVE_H
 

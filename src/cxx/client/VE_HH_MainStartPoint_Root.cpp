@@ -1,6 +1,67 @@
 #include "VE_HH_MainStartPoint_Root.h"
 
 #include "AST_Root.h"
+#include "AST_Type.h"
+#include "AST_Typedef.h"
+#include "CxxAnyOperatorWriter.h"
+#include "CxxClientText.h"
+#include "CxxMarshalWriter.h"
+#include "CxxPrinter.h"
+#include "CxxRuntimeNames.h"
+
+namespace {
+
+void collect(UTL_Scope* s, NameResolver& resolver, std::vector<AST_Decl*>& found)
+{
+    for (const auto& member : s->decls()) {
+        AST_Decl* d = member.get();
+        if (!d->in_main_file())
+            continue;
+        switch (d->node_type()) {
+        case AST_Decl::NT_module: collect(DeclAsScope(d), resolver, found); break;
+        case AST_Decl::NT_interface:
+        case AST_Decl::NT_value:
+            if (CxxRuntimeNames::provided(d, resolver))
+                break;
+            found.push_back(d);
+            collect(DeclAsScope(d), resolver, found);
+            break;
+        case AST_Decl::NT_struct:
+        case AST_Decl::NT_union:
+        case AST_Decl::NT_except:
+            found.push_back(d);
+            collect(DeclAsScope(d), resolver, found);
+            break;
+        case AST_Decl::NT_enum:
+        case AST_Decl::NT_typedef:
+        case AST_Decl::NT_value_box:
+        case AST_Decl::NT_native:
+            if (!CxxRuntimeNames::provided(d, resolver))
+                found.push_back(d);
+            break;
+        default: break;
+        }
+    }
+}
+
+bool has_marshal(AST_Decl* d)
+{
+    switch (d->node_type()) {
+    case AST_Decl::NT_struct:
+    case AST_Decl::NT_union:
+    case AST_Decl::NT_enum: return true;
+    default: return false;
+    }
+}
+
+} // namespace
+
+std::vector<AST_Decl*> VE_HH_MainStartPoint_Root::global_types(UTL_Scope* s, NameResolver& resolver)
+{
+    std::vector<AST_Decl*> found;
+    collect(s, resolver, found);
+    return found;
+}
 
 long VE_HH_MainStartPoint_Root::visit(AST_Decl* d)
 {
@@ -10,5 +71,35 @@ long VE_HH_MainStartPoint_Root::visit(AST_Decl* d)
     for (const auto& member : root->decls())
         if (member->in_main_file())
             member->accept(visitor());
+    output_global(root);
     return 1;
+}
+
+void VE_HH_MainStartPoint_Root::output_global(AST_Root* root)
+{
+    CxxClientText text(visitor());
+    CxxPrinter p = text.printer();
+    const CxxMarshalWriter marshal(text.mapping(), resolver());
+    const CxxAnyOperatorWriter any(text.mapping(), resolver());
+    const std::string macro = text.class_macro();
+    const std::vector<AST_Decl*> types = global_types(root, resolver());
+    std::vector<AST_Typedef*> sequences;
+    for (AST_Decl* d : types) {
+        AST_Typedef* td = AST_Typedef::narrow_from_decl(d);
+        if (CxxMarshalWriter::is_sequence_class(td))
+            sequences.push_back(td);
+        const bool marshaled = has_marshal(d);
+        if (!marshaled && !CxxAnyOperatorWriter::has_operators(d))
+            continue;
+        if (marshaled)
+            marshal.write_declaration(p, AST_Type::narrow_from_decl(d), macro);
+        any.write_declarations(p, d, macro);
+        p.print("\n");
+    }
+    // A sequence class takes the Marshal of its base sequence, which needs
+    // its element's: these come after every other specialisation.
+    for (AST_Typedef* td : sequences)
+        marshal.write_declaration(p, td, macro);
+    if (!sequences.empty())
+        p.print("\n");
 }

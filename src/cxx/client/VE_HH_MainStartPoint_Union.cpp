@@ -10,7 +10,6 @@
 #include "VIS_HH_MainStartPoint.h"
 
 #include <cstdint>
-#include <ostream>
 #include <set>
 
 namespace {
@@ -83,66 +82,72 @@ long VE_HH_MainStartPoint_Union::visit(AST_Decl* d)
         throw Visitor_i::NarrowFailure(visitor(), d);
     CxxClientText text(visitor());
     const std::string name = text.local(u);
-    at_indent() << "class " << name << "\n";
-    at_indent() << "{\n";
-    at_indent() << "  public:\n";
-    VIS_HH_MainStartPoint::write_scope(os(), indent().get_indent() + 1, u, generator());
-    output_discriminator(u);
-    for (AST_UnionBranch* b : u->branches())
-        output_branch(u, b);
-    output_storage(u);
-    at_indent() << "};\n";
+    {
+        CxxPrinter p = text.printer();
+        auto cls = p.block("class $name$\n{\n  public:\n", "};\n", {{"name", name}});
+        VIS_HH_MainStartPoint::write_scope(os(), indent().get_indent(), u, generator());
+        output_discriminator(p, u);
+        for (AST_UnionBranch* b : u->branches())
+            output_branch(p, u, b);
+        output_storage(p, u);
+    }
     if (text.first_companions(u))
         text.write_companions(u, name, u->defined_in());
     text.write_typecode_declaration(u);
-    os() << "\n";
+    text.printer().print("\n");
     return 1;
 }
 
-void VE_HH_MainStartPoint_Union::output_discriminator(AST_Union* u)
+void VE_HH_MainStartPoint_Union::output_discriminator(CxxPrinter& p, AST_Union* u)
 {
     CxxClientText text(visitor());
     const std::string disc = text.mapping().name(u->disc_type());
     const std::vector<AST_UnionBranch*> branches = u->branches();
     const std::string initial = branches.empty() ? std::string("0") : selector(u, branches.front());
-    indent().increment();
-    at_indent() << text.local(u) << "() : " << disc_member << "(" << initial << ") {}\n\n";
-    at_indent() << "void _d(" << disc << " _yvp_d) { " << disc_member << " = _yvp_d; }\n";
-    at_indent() << disc << " _d() const { return " << disc_member << "; }\n\n";
+    const std::string name = text.local(u);
+    const CxxPrinter::Vars vars{{"name", name}, {"m", disc_member}, {"initial", initial}, {"disc", disc}};
+    p.print("$name$() : $m$($initial$) {}\n\n", vars);
+    p.print("void _d($disc$ _yvp_d) { $m$ = _yvp_d; }\n", vars);
+    p.print("$disc$ _d() const { return $m$; }\n\n", vars);
     bool has_default = false;
     for (AST_UnionBranch* b : branches)
         for (const AST_UnionLabel& l : b->labels())
             has_default = has_default || l.label_kind() == AST_UnionLabel::UL_default;
     const std::string unused = unused_discriminator(u, text.mapping());
     if (!has_default && !unused.empty())
-        at_indent() << "void _default() { " << disc_member << " = " << unused << "; }\n\n";
-    indent().decrement();
+        p.print("void _default() { $m$ = $unused$; }\n\n", {{"m", disc_member}, {"unused", unused}});
 }
 
-void VE_HH_MainStartPoint_Union::output_branch(AST_Union* u, AST_UnionBranch* b)
+void VE_HH_MainStartPoint_Union::output_branch(CxxPrinter& p, AST_Union* u, AST_UnionBranch* b)
 {
     CxxClientText text(visitor());
     const CxxTypeMapping& map = text.mapping();
     AST_Type* t = b->field_type();
     const std::string name = text.local(b);
     const std::string member = storage_name(text, b);
-    indent().increment();
-    at_indent() << "void " << name << "(" << map.member_writer(t) << " " << value_param << ") { " << disc_member
-                << " = " << selector(u, b) << "; " << map.assign_member(t, member, value_param) << "; }\n";
-    at_indent() << map.member_reader(t) << " " << name << "() const { return " << member << "; }\n";
+    const std::string writer = map.member_writer(t);
+    const std::string select = selector(u, b);
+    const std::string assign = map.assign_member(t, member, value_param);
+    const std::string reader = map.member_reader(t);
+    const CxxPrinter::Vars vars{{"name", name},     {"member", member}, {"writer", writer}, {"v", value_param},
+                                {"m", disc_member}, {"select", select}, {"assign", assign}, {"reader", reader}};
+    p.print("void $name$($writer$ $v$) { $m$ = $select$; $assign$; }\n", vars);
+    p.print("$reader$ $name$() const { return $member$; }\n", vars);
     if (CxxTypeMapping::has_member_modifier(t))
-        at_indent() << map.member_modifier(t) << " " << name << "() { return " << member << "; }\n";
-    os() << "\n";
-    indent().decrement();
+        p.print("$modifier$ $name$() { return $member$; }\n",
+                {{"modifier", map.member_modifier(t)}, {"name", name}, {"member", member}});
+    p.print("\n");
 }
 
-void VE_HH_MainStartPoint_Union::output_storage(AST_Union* u)
+void VE_HH_MainStartPoint_Union::output_storage(CxxPrinter& p, AST_Union* u)
 {
     CxxClientText text(visitor());
-    at_indent() << "  private:\n";
-    indent().increment();
-    at_indent() << text.mapping().name(u->disc_type()) << " " << disc_member << ";\n";
+    // The marshaling code reads and writes the storage directly.
+    p.outdent();
+    p.print("  private:\n");
+    p.indent();
+    p.print("friend struct YV_Cxx::Marshal<$full$>;\n", {{"full", text.full(u)}});
+    p.print("$disc$ $m$;\n", {{"disc", text.mapping().name(u->disc_type())}, {"m", disc_member}});
     for (AST_UnionBranch* b : u->branches())
-        at_indent() << text.mapping().member_declaration(b->field_type(), storage_name(text, b)) << "{};\n";
-    indent().decrement();
+        p.print("$decl${};\n", {{"decl", text.mapping().member_declaration(b->field_type(), storage_name(text, b))}});
 }

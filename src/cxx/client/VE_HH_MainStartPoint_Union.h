@@ -12,6 +12,7 @@
 //       <T>& a() { return _yv_a; }           (structures, sequences, anys ...)
 //       void _default() { _yv_disc = <a value no label names>; }
 //     private:
+//       friend struct YV_Cxx::Marshal<U>;
 //       <D> _yv_disc;
 //       <member type> _yv_a{};
 //   };
@@ -27,6 +28,7 @@
 #include <string>
 
 class AST_Union;
+class CxxPrinter;
 class CxxTypeMapping;
 class AST_UnionBranch;
 
@@ -41,11 +43,12 @@ public:
 
 protected:
     // The constructor and the discriminator's accessors.
-    virtual void output_discriminator(AST_Union* u);
+    virtual void output_discriminator(CxxPrinter& p, AST_Union* u);
     // The accessors of one branch.
-    virtual void output_branch(AST_Union* u, AST_UnionBranch* b);
-    // The private members.
-    virtual void output_storage(AST_Union* u);
+    virtual void output_branch(CxxPrinter& p, AST_Union* u, AST_UnionBranch* b);
+    // The private members, and the friendship of the union's Marshal,
+    // which reads and writes them.
+    virtual void output_storage(CxxPrinter& p, AST_Union* u);
     // The literal that selects branch `b`.
     std::string selector(AST_Union* u, AST_UnionBranch* b);
 };

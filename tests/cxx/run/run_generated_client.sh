@@ -1,6 +1,8 @@
 #!/bin/sh
 # Builds generated client and skeleton code into test programs and runs
 # them on both dispatch paths:
+#   - Wire.idl of this folder (client side only) with
+#     GeneratedMarshal_test.cpp: marshaling, any operators and type codes;
 #   - Mapping.idl of this folder (generated with AMI callbacks on) with
 #     ClientMapping_test.cpp;
 #   - the runtime's Bank.idl (generated with -xTIE and -xEnforceRaises) with
@@ -35,6 +37,11 @@ build() {
 }
 
 cd "$work"
+cp "$here/Wire.idl" "$here/GeneratedMarshal_test.cpp" .
+"$yvidl" -base Wire.idl
+build wire_marshal GeneratedMarshal_test.cpp Wire.cxx
+./wire_marshal --gtest_brief=1
+
 cp "$here/Mapping.idl" "$here/ClientMapping_test.cpp" .
 "$yvidl" -base:-xAMICallbacks -poa:-xAMICallbacks Mapping.idl
 build client_mapping ClientMapping_test.cpp Mapping.cxx MappingS.cxx

@@ -1,0 +1,139 @@
+#include "CxxAnyOperatorWriter.h"
+
+#include "AST_Array.h"
+#include "AST_Field.h"
+#include "AST_Interface.h"
+#include "AST_Sequence.h"
+#include "AST_Structure.h"
+#include "AST_Typedef.h"
+#include "AST_Union.h"
+#include "AST_UnionBranch.h"
+#include "CxxMarshalWriter.h"
+#include "CxxPrinter.h"
+#include "CxxTypeMapping.h"
+#include "NameResolver.h"
+
+#include <set>
+#include <vector>
+
+namespace {
+
+// True when a value of `t` holds a reference to an interface that is only
+// forward declared: its class is incomplete, so the value cannot be copied
+// or destroyed where the operators are defined.
+bool holds_undefined_reference(AST_Type* t, std::set<AST_Type*>& seen)
+{
+    AST_Type* r = CxxTypeMapping::resolved(t);
+    if (!r || !seen.insert(r).second)
+        return false;
+    if (AST_Interface* i = AST_Interface::narrow_from_decl(r))
+        return !i->is_defined();
+    if (AST_Sequence* s = AST_Sequence::narrow_from_decl(r))
+        return holds_undefined_reference(s->base_type(), seen);
+    if (AST_Array* a = AST_Array::narrow_from_decl(r))
+        return holds_undefined_reference(a->base_type(), seen);
+    if (AST_Union* u = AST_Union::narrow_from_decl(r)) {
+        for (AST_UnionBranch* b : u->branches())
+            if (holds_undefined_reference(b->field_type(), seen))
+                return true;
+        return false;
+    }
+    if (AST_Structure* st = AST_Structure::narrow_from_decl(r)) {
+        for (AST_Field* f : st->fields())
+            if (holds_undefined_reference(f->field_type(), seen))
+                return true;
+        return false;
+    }
+    return false;
+}
+
+// One operator: its declaration without ";" and the runtime call of its body.
+struct Operator {
+    std::string declaration;
+    std::string call;
+};
+
+} // namespace
+
+bool CxxAnyOperatorWriter::has_operators(AST_Decl* d)
+{
+    std::set<AST_Type*> seen;
+    if (AST_Type* t = AST_Type::narrow_from_decl(d); t && d->node_type() != AST_Decl::NT_interface &&
+                                                      holds_undefined_reference(t, seen))
+        return false;
+    switch (d->node_type()) {
+    case AST_Decl::NT_struct:
+    case AST_Decl::NT_union:
+    case AST_Decl::NT_except:
+    case AST_Decl::NT_enum:
+    case AST_Decl::NT_interface: return true;
+    case AST_Decl::NT_typedef: {
+        AST_Typedef* td = AST_Typedef::narrow_from_decl(d);
+        return CxxMarshalWriter::is_sequence_class(td) || CxxTypeMapping::kind_of(td) == CxxTypeMapping::K_array;
+    }
+    default: return false;
+    }
+}
+
+void CxxAnyOperatorWriter::write_declarations(CxxPrinter& p, AST_Decl* d, const std::string& macro) const
+{
+    write(p, d, macro, false);
+}
+
+void CxxAnyOperatorWriter::write_definitions(CxxPrinter& p, AST_Decl* d) const { write(p, d, "", true); }
+
+void CxxAnyOperatorWriter::write(CxxPrinter& p, AST_Decl* d, const std::string& macro, bool definitions) const
+{
+    if (!has_operators(d))
+        return;
+    const std::string t = m_map.full_name(d);
+    const std::string tc = m_map.scope_prefix(d) + "_tc_" + m_resolver.local_name(d);
+    const std::string insert = "void operator<<=(CORBA::Any& _yvp_any, ";
+    const std::string extract = "CORBA::Boolean operator>>=(const CORBA::Any& _yvp_any, ";
+    std::vector<Operator> ops;
+    // The call of template `fn` with streamable class `s`.
+    auto call = [&](const std::string& fn, const std::string& s) {
+        return "YV_Cxx::" + fn + "<" + s + ">(_yvp_any, " + tc + ", _yvp_v)";
+    };
+
+    switch (d->node_type()) {
+    case AST_Decl::NT_enum: {
+        const std::string s = "YV_Cxx::BasicStreamable<" + t + ">";
+        ops.push_back({insert + t + " _yvp_v)", call("any_insert_copy", s)});
+        ops.push_back({extract + t + "& _yvp_v)", "return " + call("any_extract_value", s)});
+        break;
+    }
+    case AST_Decl::NT_interface: {
+        const std::string s = "YV_Cxx::ObjRefStreamable<" + t + ">";
+        ops.push_back({insert + t + "_ptr _yvp_v)", call("any_insert_copy", s)});
+        ops.push_back({insert + t + "_ptr* _yvp_v)", call("any_insert_adopt", s)});
+        ops.push_back({extract + t + "_ptr& _yvp_v)", "return " + call("any_extract_value", s)});
+        break;
+    }
+    case AST_Decl::NT_typedef:
+        if (CxxTypeMapping::kind_of(AST_Typedef::narrow_from_decl(d)) == CxxTypeMapping::K_array) {
+            const std::string s = "YV_Cxx::ArrayStreamable<" + t + ">";
+            ops.push_back({insert + "const " + t + "_forany& _yvp_v)", call("any_insert_array", s)});
+            ops.push_back({extract + t + "_forany& _yvp_v)", "return " + call("any_extract_array", s)});
+            break;
+        }
+        [[fallthrough]];
+    default: {
+        const std::string s = "YV_Cxx::VarStreamable<" + t + ">";
+        ops.push_back({insert + "const " + t + "& _yvp_v)", call("any_insert_copy", s)});
+        ops.push_back({insert + t + "* _yvp_v)", call("any_insert_adopt", s)});
+        ops.push_back({extract + "const " + t + "*& _yvp_v)", "return " + call("any_extract_ptr", s)});
+        // Kept for old programs; the standard mapping has deprecated it.
+        if (d->node_type() != AST_Decl::NT_except)
+            ops.push_back({extract + t + "*& _yvp_v)", "return " + call("any_extract_ptr", s)});
+        break;
+    }
+    }
+
+    for (const Operator& op : ops) {
+        if (definitions)
+            p.print("$decl$ { $call$; }\n", {{"decl", op.declaration}, {"call", op.call}});
+        else
+            p.print("$macro$$decl$;\n", {{"macro", macro}, {"decl", op.declaration}});
+    }
+}
