@@ -4,8 +4,6 @@
 #include "CxxClientText.h"
 #include "CxxLiteral.h"
 
-#include <ostream>
-
 long VE_HH_MainStartPoint_Constant::visit(AST_Decl* d)
 {
     AST_Constant* c = AST_Constant::narrow_from_decl(d);
@@ -26,7 +24,10 @@ long VE_HH_MainStartPoint_Constant::visit(AST_Decl* d)
     std::string storage;
     if (in_class)
         storage = CxxTypeMapping::kind_of(t) == CxxTypeMapping::K_fixed ? "static inline " : "static constexpr ";
-    at_indent() << storage << type << " " << text.local(c) << " = " << CxxLiteral::of(c->constant_value(), text.mapping())
-                << ";\n\n";
+    text.printer().print("$storage$$type$ $name$ = $value$;\n\n",
+                         {{"storage", storage},
+                          {"type", type},
+                          {"name", text.local(c)},
+                          {"value", CxxLiteral::of(c->constant_value(), text.mapping())}});
     return 1;
 }

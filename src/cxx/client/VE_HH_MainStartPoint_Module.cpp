@@ -24,11 +24,11 @@ long VE_HH_MainStartPoint_Module::visit(AST_Decl* d)
     if (as_class && m->is_reopened())
         throw ReopenedModule(m);
 
-    at_indent() << (as_class ? "class " : "namespace ") << text.local(m) << "\n";
-    at_indent() << "{\n";
+    CxxPrinter p = text.printer();
+    p.print("$keyword$ $name$\n{\n", {{"keyword", as_class ? "class" : "namespace"}, {"name", text.local(m)}});
     if (as_class)
-        at_indent() << "  public:\n";
+        p.print("  public:\n");
     VIS_HH_MainStartPoint::write_scope(os(), indent().get_indent() + 1, m, generator());
-    at_indent() << (as_class ? "};" : "}") << "\n\n";
+    p.print(as_class ? "};\n\n" : "}\n\n");
     return 1;
 }

@@ -2,10 +2,7 @@
 
 #include "AST_Structure.h"
 #include "CxxClientText.h"
-#include "GEN_CPlusPlus.h"
 #include "VIS_HH_MainStartPoint.h"
-
-#include <ostream>
 
 long VE_HH_MainStartPoint_Structure::visit(AST_Decl* d)
 {
@@ -14,28 +11,28 @@ long VE_HH_MainStartPoint_Structure::visit(AST_Decl* d)
         throw Visitor_i::NarrowFailure(visitor(), d);
     CxxClientText text(visitor());
     const std::string name = text.local(s);
-    at_indent() << "struct " << name << "\n";
-    at_indent() << "{\n";
-    output_nested(s);
-    output_members(s);
-    at_indent() << "};\n";
+    {
+        CxxPrinter p = text.printer();
+        auto cls = p.block("struct $name$\n{\n", "};\n", {{"name", name}});
+        output_nested(s);
+        output_members(s);
+    }
     if (text.first_companions(s))
         text.write_companions(s, name, s->defined_in());
     text.write_typecode_declaration(s);
-    os() << "\n";
+    text.printer().print("\n");
     return 1;
 }
 
 void VE_HH_MainStartPoint_Structure::output_nested(AST_Structure* s)
 {
-    VIS_HH_MainStartPoint::write_scope(os(), indent().get_indent() + 1, s, generator());
+    VIS_HH_MainStartPoint::write_scope(os(), indent().get_indent(), s, generator());
 }
 
 void VE_HH_MainStartPoint_Structure::output_members(AST_Structure* s)
 {
     CxxClientText text(visitor());
-    indent().increment();
+    CxxPrinter p = text.printer();
     for (AST_Field* f : s->fields())
-        at_indent() << text.mapping().member_declaration(f->field_type(), text.local(f)) << ";\n";
-    indent().decrement();
+        p.print("$decl$;\n", {{"decl", text.mapping().member_declaration(f->field_type(), text.local(f))}});
 }

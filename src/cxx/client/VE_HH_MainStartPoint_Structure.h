@@ -20,9 +20,10 @@ public:
     long visit(AST_Decl* d) override;
 
 protected:
-    // The types defined inside the structure, one level deeper.
+    // The types defined inside the structure, at the current level (one
+    // deeper than the structure).
     virtual void output_nested(AST_Structure* s);
-    // One line per member, one level deeper.
+    // One line per member, at the current level.
     virtual void output_members(AST_Structure* s);
 };
 

@@ -17,7 +17,6 @@
 #include "VE_HH_OpDecl.h"
 #include "VIS_HH_MainStartPoint.h"
 
-#include <ostream>
 #include <vector>
 
 long VE_HH_MainStartPoint_Value::visit(AST_Decl* d)
@@ -26,7 +25,8 @@ long VE_HH_MainStartPoint_Value::visit(AST_Decl* d)
     if (!v)
         throw Visitor_i::NarrowFailure(visitor(), d);
     if (CxxRuntimeNames::provided(v, resolver())) {
-        at_indent() << "// " << CxxClientText(visitor()).full(v) << ": defined by the runtime\n\n";
+        CxxClientText text(visitor());
+        text.printer().print("// $name$: defined by the runtime\n\n", {{"name", text.full(v)}});
         return 1;
     }
     output_value(v);
@@ -37,57 +37,53 @@ long VE_HH_MainStartPoint_Value::visit(AST_Decl* d)
 void VE_HH_MainStartPoint_Value::output_value(AST_Value* v)
 {
     CxxClientText text(visitor());
+    CxxPrinter p = text.printer();
     const std::string name = text.local(v);
     const std::string full = text.full(v);
     if (text.first_companions(v)) {
-        at_indent() << "class " << name << ";\n";
+        p.print("class $name$;\n", {{"name", name}});
         text.write_companions(v, name, v->defined_in());
-        os() << "\n";
+        p.print("\n");
     }
-    at_indent() << "class " << text.class_macro() << name << " :\n";
-    indent().increment();
+    p.print("class $macro$$name$ :\n", {{"macro", text.class_macro()}, {"name", name}});
+    p.indent();
     if (v->inherits().empty())
-        at_indent() << "public virtual CORBA::ValueBase";
-    write_list(v->inherits(), ",\n",
-               [&](std::ostream& out, AST_Value* base) { out << indent() << "public virtual " << text.full(base); });
-    os() << "\n";
-    indent().decrement();
-    at_indent() << "{\n";
-    at_indent() << "  public:\n";
-    output_members(v);
+        p.print("public virtual CORBA::ValueBase");
+    p.list(v->inherits(), ",\n", [&](AST_Value* base) { p.print("public virtual $base$", {{"base", text.full(base)}}); });
+    p.print("\n");
+    p.outdent();
+    {
+        auto cls = p.block("{\n  public:\n", "};\n");
+        output_members(v);
 
-    indent().increment();
-    UTL_Scope* saved = visitor()->scope();
-    visitor()->set_scope(nullptr);
-    DeclMap done;
-    for (AST_Interface* supported : v->supports())
-        output_supported(v, supported, done);
-    visitor()->set_scope(saved);
-    at_indent() << "static " << full << "* _downcast(CORBA::ValueBase* _yvp_value) { return dynamic_cast<" << full
-                << "*>(_yvp_value); }\n";
-    at_indent() << "static const YV_FWString _yv_fw_type_id;\n";
-    indent().decrement();
+        UTL_Scope* saved = visitor()->scope();
+        visitor()->set_scope(nullptr);
+        DeclMap done;
+        for (AST_Interface* supported : v->supports())
+            output_supported(v, supported, done);
+        visitor()->set_scope(saved);
+        p.print("static $full$* _downcast(CORBA::ValueBase* _yvp_value) { return dynamic_cast<$full$*>(_yvp_value); }\n",
+                {{"full", full}});
+        p.print("static const YV_FWString _yv_fw_type_id;\n");
 
-    bool private_state = false;
-    for (const auto& member : v->decls())
-        if (AST_StateMember* m = AST_StateMember::narrow_from_decl(member.get()); m && !m->is_public()) {
-            if (!private_state) {
-                os() << "\n";
-                at_indent() << "  protected:\n";
+        bool private_state = false;
+        for (const auto& member : v->decls())
+            if (AST_StateMember* m = AST_StateMember::narrow_from_decl(member.get()); m && !m->is_public()) {
+                if (!private_state) {
+                    p.outdent();
+                    p.print("\n  protected:\n");
+                    p.indent();
+                }
+                private_state = true;
+                output_state_member(m);
             }
-            private_state = true;
-            indent().increment();
-            output_state_member(m);
-            indent().decrement();
-        }
-    at_indent() << "};\n";
+    }
     text.write_typecode_declaration(v);
-    os() << "\n";
+    p.print("\n");
 }
 
 void VE_HH_MainStartPoint_Value::output_members(AST_Value* v)
 {
-    indent().increment();
     UTL_Scope* saved = visitor()->scope();
     visitor()->set_scope(nullptr);
     CxxPureVirtualMembers members(visitor());
@@ -103,7 +99,6 @@ void VE_HH_MainStartPoint_Value::output_members(AST_Value* v)
         }
     }
     visitor()->set_scope(saved);
-    indent().decrement();
 }
 
 void VE_HH_MainStartPoint_Value::output_state_member(AST_StateMember* m)
@@ -112,11 +107,15 @@ void VE_HH_MainStartPoint_Value::output_state_member(AST_StateMember* m)
     const CxxTypeMapping& map = text.mapping();
     AST_Type* t = m->field_type();
     const std::string name = text.local(m);
-    at_indent() << "virtual void " << name << "(" << map.member_writer(t) << " _yvp_value) = 0;\n";
-    at_indent() << "virtual " << map.member_reader(t) << " " << name << "() const = 0;\n";
+    const std::string writer = map.member_writer(t);
+    const std::string reader = map.member_reader(t);
+    CxxPrinter p = text.printer();
+    const CxxPrinter::Vars vars{{"name", name}, {"writer", writer}, {"reader", reader}};
+    p.print("virtual void $name$($writer$ _yvp_value) = 0;\n", vars);
+    p.print("virtual $reader$ $name$() const = 0;\n", vars);
     if (CxxTypeMapping::has_member_modifier(t))
-        at_indent() << "virtual " << map.member_modifier(t) << " " << name << "() = 0;\n";
-    os() << "\n";
+        p.print("virtual $modifier$ $name$() = 0;\n", {{"modifier", map.member_modifier(t)}, {"name", name}});
+    p.print("\n");
 }
 
 void VE_HH_MainStartPoint_Value::output_init(AST_Value* v)
@@ -128,22 +127,18 @@ void VE_HH_MainStartPoint_Value::output_init(AST_Value* v)
     if (factories.empty())
         return;
     CxxClientText text(visitor());
+    CxxPrinter p = text.printer();
     const std::string init = text.local(v) + "_init";
-    at_indent() << "class " << text.class_macro() << init << "\n";
-    at_indent() << "{\n";
-    at_indent() << "  public:\n";
-    indent().increment();
-    at_indent() << "virtual ~" << init << "() {}\n\n";
+    auto cls = p.block("class $macro$$init$\n{\n  public:\n", "};\n\n", {{"macro", text.class_macro()}, {"init", init}});
+    p.print("virtual ~$init$() {}\n\n", {{"init", init}});
     for (AST_Factory* f : factories) {
         CxxMemberDeclaration decl(text.full(v) + "*", text.local(f));
         for (const auto& member : f->decls())
             if (AST_Argument* arg = AST_Argument::narrow_from_decl(member.get()))
                 decl.add_parameter(text.mapping().param(arg->field_type(), CxxTypeMapping::M_in), text.local(arg));
         decl.write(os(), indent(), PureVirtualHHVisit::instance(), nullptr);
-        os() << "\n\n";
+        p.raw("\n\n");
     }
-    indent().decrement();
-    at_indent() << "};\n\n";
 }
 
 void VE_HH_MainStartPoint_Value::output_supported(AST_Value*, AST_Interface* supported, DeclMap& done)
@@ -155,6 +150,7 @@ void VE_HH_MainStartPoint_Value::output_supported(AST_Value*, AST_Interface* sup
     VE_Client_Interface graph(visitor());
     graph.find_all_interfaces(supported, interfaces, keys);
 
+    CxxPrinter p = CxxClientText(visitor()).printer();
     VE_HH_OpDecl op_decl(visitor(), PureVirtualHHVisit::instance(), nullptr, nullptr, 1, 1, "%s");
     VE_HH_AttrDecl attr_decl(visitor(), PureVirtualHHVisit::instance(), nullptr, nullptr, 1, 1, "%s");
     for (AST_Interface* i : interfaces) {
@@ -166,13 +162,13 @@ void VE_HH_MainStartPoint_Value::output_supported(AST_Value*, AST_Interface* sup
                 continue;
             if (AST_Operation* op = AST_Operation::narrow_from_decl(d)) {
                 op_decl.visit(op);
-                os() << "\n\n";
+                p.raw("\n\n");
             } else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(d)) {
                 attr_decl.output_get(a);
-                os() << "\n\n";
+                p.raw("\n\n");
                 if (!a->readonly()) {
                     attr_decl.output_set(a); // ends its own line
-                    os() << "\n";
+                    p.raw("\n");
                 }
             }
         }

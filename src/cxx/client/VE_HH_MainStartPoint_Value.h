@@ -32,7 +32,7 @@ public:
 protected:
     // The value type's class.
     virtual void output_value(AST_Value* v);
-    // The value type's own declarations in order, one level deeper:
+    // The value type's own declarations in order, at the current level:
     // operations, attributes and public state members' accessors as pure
     // virtual members, nested types and constants.
     virtual void output_members(AST_Value* v);

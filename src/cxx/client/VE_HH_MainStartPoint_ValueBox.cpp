@@ -3,7 +3,6 @@
 #include "AST_ValueBox.h"
 #include "CxxClientText.h"
 
-#include <ostream>
 
 long VE_HH_MainStartPoint_ValueBox::visit(AST_Decl* d)
 {
@@ -18,42 +17,38 @@ long VE_HH_MainStartPoint_ValueBox::visit(AST_Decl* d)
     const std::string in = map.member_writer(t) + " _yvp_value";
     const std::string assign = map.assign_member(t, "_yv_value", "_yvp_value");
 
+    const std::string macro = text.class_macro();
+    CxxPrinter p = text.printer();
+    const CxxPrinter::Vars vars{{"name", name}, {"full", full}, {"in", in}, {"assign", assign}, {"macro", macro}};
     if (text.first_companions(b)) {
-        at_indent() << "class " << name << ";\n";
+        p.print("class $name$;\n", vars);
         text.write_companions(b, name, b->defined_in());
-        os() << "\n";
+        p.print("\n");
     }
-    at_indent() << "class " << text.class_macro() << name << " :\n";
-    indent().increment();
-    at_indent() << "public virtual CORBA::DefaultValueRefCountBase\n";
-    indent().decrement();
-    at_indent() << "{\n";
-    at_indent() << "  public:\n";
-    indent().increment();
-    at_indent() << name << "() {}\n";
-    at_indent() << name << "(" << in << ") { " << assign << "; }\n";
-    at_indent() << full << "& operator=(" << in << ") { " << assign << "; return *this; }\n\n";
-    at_indent() << map.member_reader(t) << " _value() const { return _yv_value; }\n";
-    if (CxxTypeMapping::has_member_modifier(t))
-        at_indent() << map.member_modifier(t) << " _value() { return _yv_value; }\n";
-    at_indent() << "void _value(" << in << ") { " << assign << "; }\n\n";
-    at_indent() << "CORBA::ValueBase* _copy_value() override { return new " << full << "(*this); }\n";
-    at_indent() << "static " << full << "* _downcast(CORBA::ValueBase* _yvp_base) { return dynamic_cast<" << full
-                << "*>(_yvp_base); }\n";
-    at_indent() << "static const YV_FWString _yv_fw_type_id;\n";
-    indent().decrement();
-    os() << "\n";
-    at_indent() << "  protected:\n";
-    indent().increment();
-    at_indent() << "~" << name << "() override {}\n";
-    indent().decrement();
-    os() << "\n";
-    at_indent() << "  private:\n";
-    indent().increment();
-    at_indent() << map.member_declaration(t, "_yv_value") << "{};\n";
-    indent().decrement();
-    at_indent() << "};\n";
+    {
+        auto cls = p.block("class $macro$$name$ :\n    public virtual CORBA::DefaultValueRefCountBase\n{\n  public:\n",
+                           "};\n", vars);
+        p.print("$name$() {}\n", vars);
+        p.print("$name$($in$) { $assign$; }\n", vars);
+        p.print("$full$& operator=($in$) { $assign$; return *this; }\n\n", vars);
+        p.print("$reader$ _value() const { return _yv_value; }\n", {{"reader", map.member_reader(t)}});
+        if (CxxTypeMapping::has_member_modifier(t))
+            p.print("$modifier$ _value() { return _yv_value; }\n", {{"modifier", map.member_modifier(t)}});
+        p.print("void _value($in$) { $assign$; }\n\n", vars);
+        p.print("CORBA::ValueBase* _copy_value() override { return new $full$(*this); }\n", vars);
+        p.print("static $full$* _downcast(CORBA::ValueBase* _yvp_base) { return dynamic_cast<$full$*>(_yvp_base); }\n",
+                vars);
+        p.print("static const YV_FWString _yv_fw_type_id;\n\n");
+        p.outdent();
+        p.print("  protected:\n");
+        p.indent();
+        p.print("~$name$() override {}\n\n", vars);
+        p.outdent();
+        p.print("  private:\n");
+        p.indent();
+        p.print("$decl${};\n", {{"decl", map.member_declaration(t, "_yv_value")}});
+    }
     text.write_typecode_declaration(b);
-    os() << "\n";
+    p.print("\n");
     return 1;
 }
