@@ -53,6 +53,15 @@ T round_trip(const T& v)
     return back;
 }
 
+// An any encoded and decoded again.
+CORBA::Any any_round_trip(const CORBA::Any& a)
+{
+    const Octets data = encode(a);
+    CORBA::Any back;
+    decode(data, back);
+    return back;
+}
+
 template <class Write>
 Octets octets(Write write)
 {
@@ -314,6 +323,71 @@ TEST(GeneratedMarshal, SequenceTypedefsAreDistinctTypes)
     EXPECT_TRUE(a >>= alias);
     const Wire::ThreeLongs* bounded = nullptr;
     EXPECT_FALSE(a >>= bounded);
+}
+
+TEST(GeneratedAny, EveryKindTravelsThroughAnAny)
+{
+    CORBA::Any a;
+
+    a <<= some_basics();
+    const Wire::Basics* b = nullptr;
+    ASSERT_TRUE(any_round_trip(a) >>= b);
+    EXPECT_EQ(encode(*b), encode(some_basics()));
+    const Wire::Flat* not_flat = nullptr;
+    EXPECT_FALSE(a >>= not_flat);
+
+    a <<= new Wire::Variable(some_variable());
+    const Wire::Variable* v = nullptr;
+    CORBA::Any va = any_round_trip(a);
+    ASSERT_TRUE(va >>= v);
+    EXPECT_EQ(encode(*v), encode(some_variable()));
+
+    // An any inside a structure inside an any.
+    Wire::Carrier carrier;
+    carrier.extra <<= some_flat();
+    carrier.label = "carried";
+    a <<= carrier;
+    const Wire::Carrier* cb = nullptr;
+    CORBA::Any ca = any_round_trip(a);
+    ASSERT_TRUE(ca >>= cb);
+    const Wire::Flat* inner = nullptr;
+    ASSERT_TRUE(cb->extra >>= inner);
+    EXPECT_EQ(inner->g[1][1], 11);
+    EXPECT_EQ(encode(*cb), encode(carrier));
+
+    a <<= some_tree();
+    const Wire::Node* n = nullptr;
+    CORBA::Any na = any_round_trip(a);
+    ASSERT_TRUE(na >>= n);
+    EXPECT_EQ(encode(*n), encode(some_tree()));
+
+    a <<= Wire::green;
+    Wire::Color c = Wire::red;
+    ASSERT_TRUE(any_round_trip(a) >>= c);
+    EXPECT_EQ(c, Wire::green);
+
+    Wire::ByLong u;
+    u.s("union");
+    a <<= u;
+    const Wire::ByLong* ub = nullptr;
+    CORBA::Any ua = any_round_trip(a);
+    ASSERT_TRUE(ua >>= ub);
+    EXPECT_STREQ(ub->s(), "union");
+
+    Wire::Grid g = {{1, 2, 3}, {4, 5, 6}};
+    a <<= Wire::Grid_forany(g);
+    Wire::Grid_forany gf;
+    CORBA::Any ga = any_round_trip(a);
+    ASSERT_TRUE(ga >>= gf);
+    EXPECT_EQ(gf[1][2], 6);
+
+    const CORBA::Long cells[2][3] = {{0, 0, 0}, {0, 0, 7}};
+    a <<= Wire::Problem("any", 3, some_flat(), cells);
+    const Wire::Problem* p = nullptr;
+    CORBA::Any pa = any_round_trip(a);
+    ASSERT_TRUE(pa >>= p);
+    EXPECT_STREQ(p->reason.in(), "any");
+    EXPECT_EQ(p->cells[1][2], 7);
 }
 
 TEST(GeneratedTypeCode, StructuresListTheirMembers)
