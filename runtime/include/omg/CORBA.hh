@@ -12,6 +12,7 @@
 #include "../zantic_sys/CORBA/NamedValue.h"
 #include "../zantic_sys/CORBA/ORB.h"
 #include "../zantic_sys/CORBA/Object.h"
+#include "../zantic_sys/CORBA/Policy.h"
 #include "../zantic_sys/CORBA/Principal.h"
 #include "../zantic_sys/CORBA/String_var.h"
 #include "../zantic_sys/CORBA/SystemException.h"

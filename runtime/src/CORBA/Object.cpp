@@ -1,27 +1,29 @@
 #include "zantic_sys/CORBA/Object.h"
 
+#include "YV_GIOP/IOR.h"
+#include "YV_ORB/Adapter.h"
+#include "YV_ORB/Invocation.h"
+#include "YV_ORB/Reference.h"
 #include "zantic_sys/CORBA/SystemException.h"
 #include "zantic_sys/PortableServer/POA.h"
 #include "zantic_sys/PortableServer/ServantBase.h"
 #include "zantic_sys/YV_Cxx/BasicStreamable.h"
 #include "zantic_sys/YV_Cxx/BasicStringStreamable.h"
-#include "zantic_sys/YV_Cxx_NV/StackBasedNVList.h"
-#include "zantic_sys/YV_Cxx_NV/StackBasedNamedValue.h"
+#include "zantic_sys/YV_Cxx/CallArguments.h"
 #include "zantic_sys/YV_Cxx/Operation.h"
-#include "zantic_sys/YV_Runtime.h"
 
+#include <cstring>
 #include <functional>
 #include <string>
 
 namespace CORBA {
 
-// What a reference names: the object `id` of adapter `poa`, of the
-// interface `repository_id`.
-struct Object::Target {
-    PortableServer::POA_var poa;
-    std::string id;
-    std::string repository_id;
-};
+namespace {
+
+const YV_Cxx::Operation is_a_operation = {"_is_a", false, nullptr, 0};
+const YV_Cxx::Operation non_existent_operation = {"_non_existent", false, nullptr, 0};
+
+} // namespace
 
 const YV_FWString Object::_yv_fw_type_id("IDL:omg.org/CORBA/Object:1.0");
 
@@ -43,10 +45,12 @@ Object_ptr Object::_duplicate(Object_ptr obj)
 Object_ptr Object::_yv_make_reference(PortableServer::POA* poa, const Octet* oid, ULong oid_length,
                                       const char* repository_id)
 {
-    auto target = std::make_shared<Target>();
-    target->poa = PortableServer::POA::_duplicate(poa);
-    target->id.assign(reinterpret_cast<const char*>(oid), oid_length);
-    target->repository_id = repository_id ? repository_id : "";
+    const std::string id(reinterpret_cast<const char*>(oid), oid_length);
+    return poa->_yv_adapter().reference(id, repository_id ? repository_id : "");
+}
+
+Object_ptr Object::_yv_make(std::shared_ptr<YV_ORB::Reference> target)
+{
     Object_ptr obj = new Object();
     obj->m_target = std::move(target);
     return obj;
@@ -65,14 +69,16 @@ void Object::_yv_release()
 
 const char* Object::_yv_repository_id() const
 {
-    return m_target ? m_target->repository_id.c_str() : "";
+    return m_target ? m_target->repository_id().c_str() : "";
 }
 
 PortableServer::ServantBase* Object::_yv_servant() const
 {
-    PortableServer::ServantBase* servant = nullptr;
-    if (m_target)
-        servant = m_target->poa->_yv_find_servant(m_target->id);
+    PortableServer::POA_var poa;
+    std::string id;
+    if (!m_target || !m_target->local(poa, id))
+        throw OBJ_ADAPTER(0, COMPLETED_NO);
+    PortableServer::ServantBase* servant = poa.in() ? poa->_yv_adapter().find_servant(id) : nullptr;
     if (servant == nullptr)
         throw OBJECT_NOT_EXIST(0, COMPLETED_NO);
     return servant;
@@ -80,36 +86,50 @@ PortableServer::ServantBase* Object::_yv_servant() const
 
 void Object::_yv_invoke(const char* operation, NVList_ptr args, YV_Streamable* result)
 {
-    YV_Runtime::invoke(_yv_servant(), operation, args, result);
+    const YV_Cxx::Operation op = {operation, false, nullptr, 0};
+    _yv_invoke(op, args, result);
 }
 
 void Object::_yv_invoke(const YV_Cxx::Operation& op, NVList_ptr args, YV_Streamable* result)
 {
-    YV_Runtime::invoke(_yv_servant(), op.name, args, result);
+    if (!m_target)
+        throw NO_IMPLEMENT(0, COMPLETED_NO);
+    YV_ORB::Invocation::invoke(m_target, op, args, result);
 }
 
-void Object::_yv_write(YV_CDR::OutputStream&, Object_ptr)
+void Object::_yv_write(YV_CDR::OutputStream& out, Object_ptr obj)
 {
-    throw NO_IMPLEMENT(0, COMPLETED_NO);
+    if (obj == nullptr) {
+        YV_GIOP::IOR().write(out);
+        return;
+    }
+    // Local objects (POAs, policies) cannot leave the process.
+    if (!obj->m_target)
+        throw MARSHAL(4, COMPLETED_NO);
+    obj->m_target->ior().write(out);
 }
 
-Object_ptr Object::_yv_read(YV_CDR::InputStream&)
+Object_ptr Object::_yv_read(YV_CDR::InputStream& in)
 {
-    throw NO_IMPLEMENT(0, COMPLETED_NO);
+    return YV_ORB::Reference::object(YV_ORB::Reference::from_ior(YV_GIOP::IOR::read(in)));
 }
 
 Boolean Object::_is_a(const char* repository_id)
 {
+    if (repository_id == nullptr)
+        throw BAD_PARAM(0, COMPLETED_NO);
+    if (_yv_fw_type_id == YV_FWString(repository_id))
+        return true;
     if (!m_target)
-        return repository_id != nullptr && _yv_fw_type_id == YV_FWString(repository_id);
+        return false;
+    if (std::strcmp(repository_id, m_target->repository_id().c_str()) == 0)
+        return true;
     YV_Cxx::StringStreamable id(&repository_id);
-    Any id_any(&id, YV_SHALLOW_COPY);
-    YV_Cxx_NV::StackBasedNamedValue id_nv(id_any, ARG_IN);
-    NamedValue* values[1] = {&id_nv};
-    YV_Cxx_NV::StackBasedNVList args(1, values);
+    YV_Cxx::CallArguments args;
+    args.in(id);
     Boolean answer = false;
     YV_Cxx::BasicStreamable<Boolean> result(&answer);
-    _yv_invoke("_is_a", &args, &result);
+    _yv_invoke(is_a_operation, &args, &result);
     return answer;
 }
 
@@ -117,11 +137,17 @@ Boolean Object::_non_existent()
 {
     if (!m_target)
         return false;
-    if (m_target->poa->_yv_find_servant(m_target->id) == nullptr)
+    PortableServer::POA_var poa;
+    std::string id;
+    if (m_target->local(poa, id) && (poa.in() == nullptr || poa->_yv_adapter().find_servant(id) == nullptr))
         return true;
     Boolean answer = false;
     YV_Cxx::BasicStreamable<Boolean> result(&answer);
-    _yv_invoke("_non_existent", nullptr, &result);
+    try {
+        _yv_invoke(non_existent_operation, nullptr, &result);
+    } catch (const OBJECT_NOT_EXIST&) {
+        return true;
+    }
     return answer;
 }
 
@@ -131,13 +157,16 @@ Boolean Object::_is_equivalent(Object_ptr other)
         return true;
     if (other == nullptr || !m_target || !other->m_target)
         return false;
-    return m_target == other->m_target
-           || (m_target->poa.ptr() == other->m_target->poa.ptr() && m_target->id == other->m_target->id);
+    return m_target == other->m_target || m_target->same_object(*other->m_target);
 }
 
 ULong Object::_hash(ULong maximum)
 {
-    const std::size_t h = m_target ? std::hash<std::string>()(m_target->id) : 0;
+    std::size_t h = 0;
+    if (m_target) {
+        const std::vector<Octet>& key = m_target->object_key();
+        h = std::hash<std::string>()(std::string(key.begin(), key.end()));
+    }
     return maximum == 0 ? 0 : static_cast<ULong>(h % (static_cast<std::size_t>(maximum) + 1));
 }
 

@@ -1,5 +1,8 @@
 #include "zantic_sys/PortableServer/POA.h"
 
+#include "YV_ORB/Adapter.h"
+#include "YV_ORB/ORBCore.h"
+#include "YV_ORB/Reference.h"
 #include "zantic_sys/CORBA/SystemException.h"
 #include "zantic_sys/CORBA/String_var.h"
 #include "zantic_sys/CORBA/string_functions.h"
@@ -25,10 +28,11 @@ ObjectId* id_of(const std::string& key)
     return id;
 }
 
-CORBA::Object_ptr reference_to(POA* poa, const std::string& key, const char* repository_id)
+std::string repository_id_of(ServantBase* servant, const std::string& id, POA_ptr poa)
 {
-    return CORBA::Object::_yv_make_reference(poa, reinterpret_cast<const CORBA::Octet*>(key.data()),
-                                             static_cast<CORBA::ULong>(key.size()), repository_id);
+    ObjectId_var oid = id_of(id);
+    CORBA::String_var repository_id = servant->_primary_interface(oid.in(), poa);
+    return repository_id.in() ? repository_id.in() : "";
 }
 
 } // namespace
@@ -41,9 +45,7 @@ POA::~POA() = default;
 
 POA_ptr POA::_yv_root()
 {
-    // Never released: the root adapter lives as long as the process.
-    static POA* root = new POA();
-    return root;
+    return YV_ORB::ORBCore::instance().root_poa();
 }
 
 POA_ptr POA::_duplicate(POA_ptr poa)
@@ -64,147 +66,189 @@ CORBA::Boolean POA::_is_a(const char* repository_id)
            && (_yv_fw_type_id == YV_FWString(repository_id) || CORBA::Object::_is_a(repository_id));
 }
 
-std::string POA::activate(const std::string& id, ServantBase* servant)
+POA_ptr POA::create_POA(const char* adapter_name, POAManager_ptr manager, const CORBA::PolicyList& policies)
 {
-    if (servant == nullptr)
+    if (adapter_name == nullptr)
         throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_ids.count(servant) != 0)
-            throw ServantAlreadyActive();
-        if (m_servants.count(id) != 0)
-            throw ObjectAlreadyActive();
-        m_servants[id] = servant;
-        m_ids[servant] = id;
-    }
-    servant->_yv_poa(this);
-    servant->_add_ref();
-    return id;
+    return m_adapter->create_child(adapter_name, manager, policies);
+}
+
+POA_ptr POA::find_POA(const char* adapter_name, CORBA::Boolean)
+{
+    if (adapter_name == nullptr)
+        throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
+    POA_ptr child = m_adapter->find_child(adapter_name);
+    if (child == nullptr)
+        throw AdapterNonExistent();
+    return child;
+}
+
+void POA::destroy(CORBA::Boolean, CORBA::Boolean wait_for_completion)
+{
+    // Keeps this POA alive while its parent lets go of it.
+    POA_var self = _duplicate(this);
+    m_adapter->destroy(wait_for_completion);
+}
+
+ThreadPolicy_ptr POA::create_thread_policy(ThreadPolicyValue value)
+{
+    return new ThreadPolicy(value);
+}
+
+LifespanPolicy_ptr POA::create_lifespan_policy(LifespanPolicyValue value)
+{
+    return new LifespanPolicy(value);
+}
+
+IdUniquenessPolicy_ptr POA::create_id_uniqueness_policy(IdUniquenessPolicyValue value)
+{
+    return new IdUniquenessPolicy(value);
+}
+
+IdAssignmentPolicy_ptr POA::create_id_assignment_policy(IdAssignmentPolicyValue value)
+{
+    return new IdAssignmentPolicy(value);
+}
+
+ImplicitActivationPolicy_ptr POA::create_implicit_activation_policy(ImplicitActivationPolicyValue value)
+{
+    return new ImplicitActivationPolicy(value);
+}
+
+ServantRetentionPolicy_ptr POA::create_servant_retention_policy(ServantRetentionPolicyValue value)
+{
+    return new ServantRetentionPolicy(value);
+}
+
+RequestProcessingPolicy_ptr POA::create_request_processing_policy(RequestProcessingPolicyValue value)
+{
+    return new RequestProcessingPolicy(value);
+}
+
+char* POA::the_name()
+{
+    return CORBA::string_dup(m_adapter->name().c_str());
+}
+
+POA_ptr POA::the_parent()
+{
+    YV_ORB::Adapter* parent = m_adapter->parent();
+    return parent ? _duplicate(&parent->poa()) : nullptr;
+}
+
+POAManager_ptr POA::the_POAManager()
+{
+    return POAManager::_duplicate(m_adapter->manager());
+}
+
+ServantBase* POA::get_servant()
+{
+    return m_adapter->default_servant();
+}
+
+void POA::set_servant(ServantBase* servant)
+{
+    m_adapter->default_servant(servant);
 }
 
 ObjectId* POA::activate_object(ServantBase* servant)
 {
-    std::string id;
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        id = "yv-" + std::to_string(++m_next_id);
-    }
-    return id_of(activate(id, servant));
+    return id_of(m_adapter->activate(servant, nullptr));
 }
 
 void POA::activate_object_with_id(const ObjectId& id, ServantBase* servant)
 {
-    activate(key_of(id), servant);
+    const std::string key = key_of(id);
+    m_adapter->activate(servant, &key);
 }
 
 void POA::deactivate_object(const ObjectId& id)
 {
-    ServantBase* servant = nullptr;
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        auto found = m_servants.find(key_of(id));
-        if (found == m_servants.end())
-            throw ObjectNotActive();
-        servant = found->second;
-        m_ids.erase(servant);
-        m_servants.erase(found);
-    }
-    servant->_yv_poa(nullptr);
-    servant->_remove_ref();
+    m_adapter->deactivate(key_of(id));
+}
+
+CORBA::Object_ptr POA::create_reference(const char* repository_id)
+{
+    if (m_adapter->policies().assignment != SYSTEM_ID)
+        throw WrongPolicy();
+    return m_adapter->reference(m_adapter->new_system_id(), repository_id ? repository_id : "");
 }
 
 CORBA::Object_ptr POA::create_reference_with_id(const ObjectId& id, const char* repository_id)
 {
-    return reference_to(this, key_of(id), repository_id);
+    return m_adapter->reference(key_of(id), repository_id ? repository_id : "");
 }
 
 ObjectId* POA::servant_to_id(ServantBase* servant)
 {
-    std::string id;
-    if (!_yv_find_id(servant, id))
-        throw ServantNotActive();
-    return id_of(id);
+    if (servant == nullptr)
+        throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
+    return id_of(m_adapter->servant_to_id(servant, false));
 }
 
 CORBA::Object_ptr POA::servant_to_reference(ServantBase* servant)
 {
-    std::string id;
-    if (!_yv_find_id(servant, id)) {
-        ObjectId_var fresh = activate_object(servant);
-        id = key_of(fresh.in());
-    }
-    ObjectId_var oid = id_of(id);
-    CORBA::String_var repository_id = servant->_primary_interface(oid.in(), this);
-    return reference_to(this, id, repository_id.in());
+    if (servant == nullptr)
+        throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
+    const std::string id = m_adapter->servant_to_id(servant, true);
+    return m_adapter->reference(id, repository_id_of(servant, id, this));
 }
 
 ServantBase* POA::reference_to_servant(CORBA::Object_ptr reference)
 {
-    if (reference == nullptr)
-        throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
-    try {
-        return reference->_yv_servant();
-    } catch (const CORBA::OBJECT_NOT_EXIST&) {
+    if (m_adapter->policies().retention != RETAIN && m_adapter->policies().processing != USE_DEFAULT_SERVANT)
+        throw WrongPolicy();
+    ObjectId_var id = reference_to_id(reference);
+    ServantBase* servant = m_adapter->find_servant(key_of(id.in()));
+    if (servant == nullptr)
         throw ObjectNotActive();
-    }
+    servant->_add_ref();
+    return servant;
 }
 
 ObjectId* POA::reference_to_id(CORBA::Object_ptr reference)
 {
-    ServantBase* servant = reference_to_servant(reference);
-    return servant_to_id(servant);
+    if (reference == nullptr || !reference->_yv_reference())
+        throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
+    POA_var poa;
+    std::string id;
+    if (!reference->_yv_reference()->local(poa, id) || poa.in() != this)
+        throw WrongAdapter();
+    return id_of(id);
 }
 
 ServantBase* POA::id_to_servant(const ObjectId& id)
 {
-    ServantBase* servant = _yv_find_servant(key_of(id));
-    if (servant == nullptr)
-        throw ObjectNotActive();
+    ServantBase* servant = m_adapter->id_to_servant(key_of(id));
+    servant->_add_ref();
     return servant;
 }
 
 CORBA::Object_ptr POA::id_to_reference(const ObjectId& id)
 {
-    ServantBase* servant = id_to_servant(id);
-    CORBA::String_var repository_id = servant->_primary_interface(id, this);
-    return reference_to(this, key_of(id), repository_id.in());
-}
-
-POAManager_ptr POA::the_POAManager()
-{
-    return &m_manager;
-}
-
-char* POA::the_name() const
-{
-    return CORBA::string_dup("RootPOA");
+    if (m_adapter->policies().retention != RETAIN)
+        throw WrongPolicy();
+    const std::string key = key_of(id);
+    ServantBase* servant = m_adapter->is_active(key) ? m_adapter->find_servant(key) : nullptr;
+    if (servant == nullptr)
+        throw ObjectNotActive();
+    return m_adapter->reference(key, repository_id_of(servant, key, this));
 }
 
 ServantBase* POA::_yv_find_servant(const std::string& id)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
-    auto found = m_servants.find(id);
-    return found == m_servants.end() ? nullptr : found->second;
+    return m_adapter->find_servant(id);
 }
 
 bool POA::_yv_find_id(ServantBase* servant, std::string& id)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
-    auto found = m_ids.find(servant);
-    if (found == m_ids.end())
-        return false;
-    id = found->second;
-    return true;
+    return m_adapter->find_id(servant, id);
 }
 
 void POA::_yv_forget(ServantBase* servant)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
-    auto found = m_ids.find(servant);
-    if (found == m_ids.end())
-        return;
-    m_servants.erase(found->second);
-    m_ids.erase(found);
+    POA_var root = _duplicate(_yv_root());
+    root->m_adapter->forget(servant);
 }
 
 } // namespace PortableServer

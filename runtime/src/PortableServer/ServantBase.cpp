@@ -1,5 +1,8 @@
 #include "zantic_sys/PortableServer/ServantBase.h"
 
+#include "YV_ORB/Adapter.h"
+#include "YV_ORB/CallContext.h"
+
 #include "zantic_sys/CORBA/SystemException.h"
 #include "zantic_sys/CORBA/YV_ServerRequest.h"
 #include "zantic_sys/CORBA/String_var.h"
@@ -62,8 +65,8 @@ const char* const object_id = "IDL:omg.org/CORBA/Object:1.0";
 
 ServantBase::~ServantBase()
 {
-    if (m_yv_poa != nullptr)
-        m_yv_poa->_yv_forget(this);
+    if (m_yv_activations > 0)
+        POA::_yv_forget(this);
 }
 
 POA_ptr ServantBase::_default_POA()
@@ -117,9 +120,22 @@ CORBA::Object_ptr ServantBase::_get_interface()
     throw CORBA::INTF_REPOS(0, CORBA::COMPLETED_NO);
 }
 
-void ServantBase::_add_ref() {}
+void ServantBase::_add_ref()
+{
+    ++m_yv_refs;
+}
 
-void ServantBase::_remove_ref() {}
+void ServantBase::_remove_ref()
+{
+    // The last reference deletes the servant (see the header).
+    if (--m_yv_refs == 0)
+        delete this;
+}
+
+CORBA::ULong ServantBase::_refcount_value()
+{
+    return m_yv_refs;
+}
 
 void ServantBase::_get_interface_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,
                                           CORBA::CompletionStatus& status)
@@ -166,14 +182,12 @@ void ServantBase::_is_a_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_p
 
 CORBA::Object_ptr ServantBase::_this_impl(const char* repo_id)
 {
+    const YV_ORB::CallContext* call = YV_ORB::CallContext::current();
+    if (call != nullptr && call->servant() == this)
+        return call->adapter()->reference(call->object_id(), repo_id ? repo_id : "");
     POA_var poa = _default_POA();
-    std::string id;
-    if (!poa->_yv_find_id(this, id)) {
-        ObjectId_var fresh = poa->activate_object(this);
-        poa->_yv_find_id(this, id);
-    }
-    return CORBA::Object::_yv_make_reference(poa.in(), reinterpret_cast<const CORBA::Octet*>(id.data()),
-                                             static_cast<CORBA::ULong>(id.size()), repo_id);
+    YV_ORB::Adapter& adapter = poa->_yv_adapter();
+    return adapter.reference(adapter.servant_to_id(this, true), repo_id ? repo_id : "");
 }
 
 } // namespace PortableServer

@@ -1,8 +1,10 @@
 // Object references. Every client-side interface class derives from
-// CORBA::Object. A reference made by the object adapter names its target by
-// adapter and object id; the servant is looked up afresh for every request,
-// so a reference to a deactivated object raises OBJECT_NOT_EXIST. References
-// are reference counted: _duplicate adds one, CORBA::release drops one.
+// CORBA::Object. A reference names its target: an object of a POA of this
+// process (served in process, the servant looked up afresh for every
+// request, so a deactivated object raises OBJECT_NOT_EXIST) or an object
+// elsewhere, reached through GIOP by the profiles of its IOR. Local objects
+// (POAs, policies, the ORB's own objects) have no target. References are
+// reference counted: _duplicate adds one, CORBA::release drops one.
 #ifndef YV_RT_CORBA_OBJECT_H
 #define YV_RT_CORBA_OBJECT_H
 
@@ -30,6 +32,10 @@ class POA;
 class ServantBase;
 } // namespace PortableServer
 
+namespace YV_ORB {
+class Reference;
+} // namespace YV_ORB
+
 namespace CORBA {
 
 class Object {
@@ -44,7 +50,8 @@ public:
     // A new reference read from CDR (nil for the empty IOR).
     static Object_ptr _yv_read(YV_CDR::InputStream& in);
 
-    // Asks the target (the standard operations "_is_a" and "_non_existent").
+    // Asks the target (the standard operations "_is_a" and "_non_existent";
+    // a server that answers OBJECT_NOT_EXIST says the object is not there).
     virtual Boolean _is_a(const char* repository_id);
     virtual Boolean _non_existent();
     // True when both references name the same object.
@@ -56,9 +63,10 @@ public:
 
     // The repository id the reference was made with ("" for local objects).
     const char* _yv_repository_id() const;
-    // The servant that serves the reference now (OBJECT_NOT_EXIST if none).
+    // The servant that serves the reference now (OBJECT_NOT_EXIST if none;
+    // OBJ_ADAPTER for an object of another process).
     PortableServer::ServantBase* _yv_servant() const;
-    // Serves one request on the target in process (YV_Runtime::invoke).
+    // Has the target serve one request: in process, or through GIOP.
     void _yv_invoke(const char* operation, NVList_ptr args, YV_Streamable* result);
     // The same with what the proxy knows of the operation: oneway or not,
     // and the user exceptions it may raise.
@@ -67,10 +75,12 @@ public:
     // A new reference, with one count, to the object `oid` of `poa`.
     static Object_ptr _yv_make_reference(PortableServer::POA* poa, const Octet* oid, ULong oid_length,
                                          const char* repository_id);
+    // A new reference, with one count, to what `target` names.
+    static Object_ptr _yv_make(std::shared_ptr<YV_ORB::Reference> target);
+    // What the reference names (null for local objects).
+    const std::shared_ptr<YV_ORB::Reference>& _yv_reference() const { return m_target; }
 
     static const YV_FWString _yv_fw_type_id;
-
-    struct Target;
 
 protected:
     // A local object (no target), or a reference to the target of `other`;
@@ -81,10 +91,8 @@ protected:
     Object& operator=(const Object&) = delete;
     virtual ~Object();
 
-    const std::shared_ptr<const Target>& _yv_target() const { return m_target; }
-
 private:
-    std::shared_ptr<const Target> m_target;
+    std::shared_ptr<YV_ORB::Reference> m_target;
     std::atomic<long> m_refs{1};
 };
 

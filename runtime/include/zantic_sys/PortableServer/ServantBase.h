@@ -1,6 +1,12 @@
 // The base of every servant. A skeleton class derives from it and supplies
 // the lookup of its dispatch functions, its type checks and its narrowing;
-// the object adapter and the in-process request path use them.
+// the object adapter and the request paths use them.
+//
+// Servants are reference counted: a new servant has one reference (its
+// maker's), each activation in a POA adds one, each deactivation drops one,
+// and the servant deletes itself when the last goes. A servant that is not
+// on the heap must outlive its activations (or be destroyed while active:
+// its destructor makes every POA forget it).
 #ifndef YV_RT_PORTABLESERVER_SERVANTBASE_H
 #define YV_RT_PORTABLESERVER_SERVANTBASE_H
 
@@ -8,6 +14,8 @@
 #include "../CORBA/Types.h"
 #include "../YV_FWString.h"
 #include "ObjectId.h"
+
+#include <atomic>
 
 namespace PortableServer {
 
@@ -21,7 +29,7 @@ public:
 
     virtual ~ServantBase();
 
-    // The adapter the servant is activated in by _this (the root POA).
+    // The adapter _this activates the servant in (the root POA).
     virtual POA_ptr _default_POA();
 
     // The dispatch function of an operation, or 0. This base knows the three
@@ -41,9 +49,10 @@ public:
     // The interface definition; there is no interface repository (INTF_REPOS).
     virtual CORBA::Object_ptr _get_interface();
 
-    // Reference counting of servants; the base does not count.
+    // Reference counting of servants.
     virtual void _add_ref();
     virtual void _remove_ref();
+    virtual CORBA::ULong _refcount_value();
 
     // The dispatch functions of the standard operations "_interface",
     // "_is_a" and "_non_existent".
@@ -54,24 +63,26 @@ public:
     static void _non_existent_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,
                                        CORBA::CompletionStatus& status);
 
-    // The adapter the servant is active in (0 when inactive); kept by the
-    // adapter, so that a servant that goes away is forgotten there.
-    POA* _yv_poa() const { return m_yv_poa; }
-    void _yv_poa(POA* poa) { m_yv_poa = poa; }
+    // Kept by the POAs: how many activations the servant has.
+    void _yv_activated() { ++m_yv_activations; }
+    void _yv_deactivated() { --m_yv_activations; }
 
 protected:
     ServantBase() = default;
-    // A copy is a new servant: not active anywhere.
-    ServantBase(const ServantBase&) : m_yv_poa(nullptr) {}
+    // A copy is a new servant: one reference, not active anywhere.
+    ServantBase(const ServantBase&) {}
     ServantBase& operator=(const ServantBase&) { return *this; }
 
-    // A reference to this servant of type `repo_id`: activates the servant
-    // in its default adapter when it is not active yet. The generated _this
-    // wraps the result in a typed proxy.
+    // A reference to this servant of type `repo_id`: inside a call on the
+    // servant, the object being called; else the servant's object in its
+    // default POA, activated there when the POA's policies allow (else the
+    // POA's ServantNotActive or WrongPolicy). The generated _this wraps the
+    // result in a typed proxy.
     CORBA::Object_ptr _this_impl(const char* repo_id);
 
 private:
-    POA* m_yv_poa = nullptr;
+    std::atomic<CORBA::ULong> m_yv_refs{1};
+    std::atomic<long> m_yv_activations{0};
 };
 
 // No `Servant` typedef here: IDL files of the POA module declare
