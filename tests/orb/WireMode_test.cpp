@@ -2,11 +2,8 @@
 // there a call on a reference becomes a GIOP request that the server side
 // serves as if it came from the network, and the reply is read back. The
 // server dispatcher is also fed messages directly, well-formed and not.
-//
-// The servant is written the way the skeleton generator writes servants
-// (a dispatch function with a colocated and a request-based body), over
-// streamables of its own that know their CDR.
 #include "TestData.h"
+#include "TestServants.h"
 
 #include "YV_GIOP/CdrText.h"
 #include "YV_GIOP/LocateReplyHeader.h"
@@ -31,144 +28,7 @@
 namespace {
 
 using namespace YV_GIOP;
-
-// A long that travels.
-class WireLong : public YV_Cxx::BasicStreamable<CORBA::Long> {
-public:
-    using YV_Cxx::BasicStreamable<CORBA::Long>::BasicStreamable;
-    void yv_write(YV_CDR::OutputStream& out) const override { out.write_long(extract()); }
-    void yv_read(YV_CDR::InputStream& in) override { extract() = in.read_long(); }
-};
-
-// The exception "IDL:Test/Oops:1.0" with one member.
-class Oops : public CORBA::UserException {
-public:
-    CORBA::Long code = 0;
-    const char* _name() const override { return "Oops"; }
-    const char* _rep_id() const override { return "IDL:Test/Oops:1.0"; }
-    void _raise() const override { throw *this; }
-    void _yv_write(YV_CDR::OutputStream& out) const override
-    {
-        write_text(out, _rep_id());
-        out.write_long(code);
-    }
-    void _yv_read_members(YV_CDR::InputStream& in) { code = in.read_long(); }
-};
-
-const YV_Cxx::UserExceptionInfo oops_info[] = {{"IDL:Test/Oops:1.0", &YV_Cxx::read_and_raise<Oops>}};
-const YV_Cxx::Operation add_op = {"add", false, oops_info, 1};
-const YV_Cxx::Operation add_op_unlisted = {"add", false, nullptr, 0};
-const YV_Cxx::Operation note_op = {"note", true, nullptr, 0};
-
-// long add(in long a, inout long b, out long c) raises (Oops): b becomes
-// a + b, c is a - b (of the old b), the result a * b; a of 13 raises Oops,
-// 14 NO_PERMISSION after the work, 15 a non-CORBA exception.
-// oneway void note(in long a): remembers a.
-class Adder : public virtual PortableServer::ServantBase {
-public:
-    CORBA::Long noted = 0;
-
-    CORBA::Long add(CORBA::Long a, CORBA::Long& b, CORBA::Long& c)
-    {
-        if (a == 13) {
-            Oops e;
-            e.code = b;
-            throw e;
-        }
-        if (a == 15)
-            throw std::runtime_error("not CORBA");
-        c = a - b;
-        const CORBA::Long r = a * b;
-        b = a + b;
-        if (a == 14)
-            throw CORBA::NO_PERMISSION(7, CORBA::COMPLETED_YES);
-        return r;
-    }
-
-    _YV_DispatcherPtr _lookup_dispatcher(const char* operation) override
-    {
-        if (std::strcmp(operation, "add") == 0)
-            return &add_dispatch;
-        if (std::strcmp(operation, "note") == 0)
-            return &note_dispatch;
-        return ServantBase::_lookup_dispatcher(operation);
-    }
-    CORBA::RepositoryId _primary_interface(const PortableServer::ObjectId&, PortableServer::POA_ptr) override
-    {
-        return CORBA::string_dup("IDL:Test/Adder:1.0");
-    }
-
-    static void add_dispatch(ServantBase* s, CORBA::YV_ServerRequest_ptr request, CORBA::CompletionStatus& status)
-    {
-        Adder* self = dynamic_cast<Adder*>(s);
-        CORBA::NVList_ptr nvlist;
-        CORBA::Any* any;
-        if (request->yv_setup(nvlist, any)) {
-            auto arg = [&](CORBA::ULong i) -> CORBA::Long& {
-                return YV_Cxx::BasicStreamable<CORBA::Long>::_downcast(nvlist->item(i)->value()->yv_get_streamable())
-                    ->extract();
-            };
-            CORBA::Long& r = YV_Cxx::BasicStreamable<CORBA::Long>::_downcast(any->yv_get_streamable())->extract();
-            status = CORBA::COMPLETED_MAYBE;
-            r = self->add(arg(0), arg(1), arg(2));
-            status = CORBA::COMPLETED_YES;
-            request->set_result(*any);
-            request->yv_respond();
-            return;
-        }
-        CORBA::Long a = 0, b = 0, c = 0, r = 0;
-        WireLong sa(&a), sb(&b), sc(&c), sr(&r);
-        CORBA::Any aa(&sa, YV_SHALLOW_COPY), ab(&sb, YV_SHALLOW_COPY), ac(&sc, YV_SHALLOW_COPY);
-        YV_Cxx_NV::StackBasedNamedValue na(aa, CORBA::ARG_IN), nb(ab, CORBA::ARG_INOUT), nc(ac, CORBA::ARG_OUT);
-        CORBA::NamedValue* values[3] = {&na, &nb, &nc};
-        YV_Cxx_NV::StackBasedNVList list(3, values);
-        request->arguments(&list);
-        CORBA::Any ra(&sr, YV_SHALLOW_COPY);
-        status = CORBA::COMPLETED_MAYBE;
-        r = self->add(a, b, c);
-        status = CORBA::COMPLETED_YES;
-        request->set_result(ra);
-        request->yv_respond();
-    }
-
-    static void note_dispatch(ServantBase* s, CORBA::YV_ServerRequest_ptr request, CORBA::CompletionStatus& status)
-    {
-        Adder* self = dynamic_cast<Adder*>(s);
-        CORBA::NVList_ptr nvlist;
-        CORBA::Any* any;
-        CORBA::Long a = 0;
-        WireLong sa(&a);
-        CORBA::Any aa(&sa, YV_SHALLOW_COPY);
-        YV_Cxx_NV::StackBasedNamedValue na(aa, CORBA::ARG_IN);
-        CORBA::NamedValue* values[1] = {&na};
-        YV_Cxx_NV::StackBasedNVList list(1, values);
-        if (request->yv_setup(nvlist, any)) {
-            a = YV_Cxx::BasicStreamable<CORBA::Long>::_downcast(nvlist->item(0)->value()->yv_get_streamable())->extract();
-        } else {
-            request->arguments(&list);
-        }
-        status = CORBA::COMPLETED_MAYBE;
-        self->noted = a;
-        status = CORBA::COMPLETED_YES;
-        CORBA::Any none;
-        request->set_result(none);
-        request->yv_respond();
-    }
-};
-
-// Calls add through the reference; answers the result, b and c.
-struct AddResult {
-    CORBA::Long r, b, c;
-};
-AddResult call_add(CORBA::Object_ptr ref, CORBA::Long a, CORBA::Long b, const YV_Cxx::Operation& op = add_op)
-{
-    CORBA::Long c = -1, r = -1;
-    WireLong sa(&a), sb(&b), sc(&c), sr(&r);
-    YV_Cxx::CallArguments args;
-    args.in(sa).inout(sb).out(sc);
-    ref->_yv_invoke(op, &args, &sr);
-    return AddResult{r, b, c};
-}
+using namespace orbtest;
 
 class DispatchPaths : public ::testing::TestWithParam<YV_Runtime::DispatchPath> {
 protected:

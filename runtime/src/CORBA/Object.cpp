@@ -4,6 +4,7 @@
 #include "YV_ORB/Adapter.h"
 #include "YV_ORB/Invocation.h"
 #include "YV_ORB/Reference.h"
+#include "YV_ORB/StandardStreamables.h"
 #include "zantic_sys/CORBA/SystemException.h"
 #include "zantic_sys/PortableServer/POA.h"
 #include "zantic_sys/PortableServer/ServantBase.h"
@@ -124,11 +125,11 @@ Boolean Object::_is_a(const char* repository_id)
         return false;
     if (std::strcmp(repository_id, m_target->repository_id().c_str()) == 0)
         return true;
-    YV_Cxx::StringStreamable id(&repository_id);
+    YV_ORB::TextStreamable id(&repository_id);
     YV_Cxx::CallArguments args;
     args.in(id);
     Boolean answer = false;
-    YV_Cxx::BasicStreamable<Boolean> result(&answer);
+    YV_ORB::FlagStreamable result(&answer);
     _yv_invoke(is_a_operation, &args, &result);
     return answer;
 }
@@ -142,7 +143,7 @@ Boolean Object::_non_existent()
     if (m_target->local(poa, id) && (poa.in() == nullptr || poa->_yv_adapter().find_servant(id) == nullptr))
         return true;
     Boolean answer = false;
-    YV_Cxx::BasicStreamable<Boolean> result(&answer);
+    YV_ORB::FlagStreamable result(&answer);
     try {
         _yv_invoke(non_existent_operation, nullptr, &result);
     } catch (const OBJECT_NOT_EXIST&) {

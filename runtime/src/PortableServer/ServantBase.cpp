@@ -2,6 +2,7 @@
 
 #include "YV_ORB/Adapter.h"
 #include "YV_ORB/CallContext.h"
+#include "YV_ORB/StandardStreamables.h"
 
 #include "zantic_sys/CORBA/SystemException.h"
 #include "zantic_sys/CORBA/YV_ServerRequest.h"
@@ -32,15 +33,16 @@ S& caller_streamable(CORBA::Any* a)
 }
 
 // Serves a standard operation without arguments whose result travels in a
-// streamable of class ResultS: on the colocated path the result goes into
-// the caller's streamable, on the request path it is copied back.
-template <class ResultS, class Call>
+// streamable of class ResultS (the caller's is a CallerS): on the colocated
+// path the result goes into the caller's streamable, on the request path it
+// goes back as the request sends results.
+template <class CallerS, class ResultS, class Call>
 void serve(CORBA::YV_ServerRequest_ptr request, CORBA::CompletionStatus& status, Call call)
 {
     CORBA::NVList_ptr nvlist = nullptr;
     CORBA::Any* any = nullptr;
     if (request->yv_setup(nvlist, any)) {
-        ResultS& result = caller_streamable<ResultS>(any);
+        CallerS& result = caller_streamable<CallerS>(any);
         status = CORBA::COMPLETED_MAYBE;
         result.extract() = call();
         status = CORBA::COMPLETED_YES;
@@ -140,13 +142,13 @@ CORBA::ULong ServantBase::_refcount_value()
 void ServantBase::_get_interface_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,
                                           CORBA::CompletionStatus& status)
 {
-    serve<YV_Cxx::ObjRefStreamable<CORBA::Object>>(request, status, [servant] { return servant->_get_interface(); });
+    serve<YV_Cxx::ObjRefStreamable<CORBA::Object>, YV_Cxx::ObjRefStreamable<CORBA::Object>>(request, status, [servant] { return servant->_get_interface(); });
 }
 
 void ServantBase::_non_existent_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,
                                          CORBA::CompletionStatus& status)
 {
-    serve<YV_Cxx::BasicStreamable<CORBA::Boolean>>(request, status, [servant] { return servant->_non_existent(); });
+    serve<YV_Cxx::BasicStreamable<CORBA::Boolean>, YV_ORB::FlagStreamable>(request, status, [servant] { return servant->_non_existent(); });
 }
 
 void ServantBase::_is_a_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,
@@ -165,13 +167,13 @@ void ServantBase::_is_a_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_p
         return;
     }
     CORBA::String_var id;
-    YV_Cxx::StringStreamable id_streamable(&id, request->yv_get_orb(), YV_Cxx::usage_in);
+    YV_ORB::TextStreamable id_streamable(&id, request->yv_get_orb(), YV_Cxx::usage_in);
     CORBA::Any id_any(&id_streamable, YV_SHALLOW_COPY);
     YV_Cxx_NV::StackBasedNamedValue id_nv(id_any, CORBA::ARG_IN);
     CORBA::NamedValue* values[1] = {&id_nv};
     YV_Cxx_NV::StackBasedNVList args(1, values);
     request->arguments(&args);
-    YV_Cxx::BasicStreamable<CORBA::Boolean> result;
+    YV_ORB::FlagStreamable result;
     CORBA::Any result_any(&result, YV_SHALLOW_COPY);
     status = CORBA::COMPLETED_MAYBE;
     result.extract() = servant->_is_a(id.in());

@@ -4,7 +4,9 @@
 #include "YV_GIOP/IOR.h"
 #include "YV_GIOP/RequestHeader.h"
 #include "YV_GIOP/SystemExceptionCodec.h"
+#include "YV_IIOP/Transport.h"
 #include "YV_ORB/Adapter.h"
+#include "YV_ORB/ORBCore.h"
 #include "YV_ORB/Reference.h"
 #include "YV_ORB/ReplyBuilder.h"
 #include "YV_ORB/ServerDispatcher.h"
@@ -13,7 +15,9 @@
 #include "zantic_sys/PortableServer/ServantBase.h"
 #include "zantic_sys/YV_Runtime.h"
 
+#include <algorithm>
 #include <atomic>
+#include <chrono>
 
 namespace YV_ORB {
 
@@ -235,7 +239,7 @@ void Invocation::invoke_encoded(PortableServer::ServantBase* servant, const YV_C
 }
 
 void Invocation::invoke(const std::shared_ptr<Reference>& reference, const YV_Cxx::Operation& op,
-                        CORBA::NVList_ptr args, YV_Streamable* result)
+                        CORBA::NVList_ptr args, YV_Streamable* result, bool encoded)
 {
     for (int hops = 0;; ++hops) {
         if (hops > max_forwards)
@@ -246,7 +250,7 @@ void Invocation::invoke(const std::shared_ptr<Reference>& reference, const YV_Cx
         if (target->local(poa, object_id)) {
             if (poa.in() == nullptr)
                 throw CORBA::OBJECT_NOT_EXIST(0, CORBA::COMPLETED_NO);
-            if (YV_Runtime::dispatch_path() != YV_Runtime::wire) {
+            if (!encoded && YV_Runtime::dispatch_path() != YV_Runtime::wire) {
                 invoke_local(poa.in(), object_id, op, args, result);
                 return;
             }
@@ -256,8 +260,118 @@ void Invocation::invoke(const std::shared_ptr<Reference>& reference, const YV_Cx
             reference->forward(forward_to);
             continue;
         }
-        throw CORBA::TRANSIENT(0, CORBA::COMPLETED_NO);
+        std::shared_ptr<Reference> forward_to;
+        try {
+            if (invoke_remote(*target, op, args, result, forward_to) == done)
+                return;
+        } catch (const CORBA::TRANSIENT& e) {
+            // A forward that cannot be reached: back to the original.
+            if (e.completed() == CORBA::COMPLETED_NO && target != reference && reference->drop_forward())
+                continue;
+            throw;
+        } catch (const CORBA::COMM_FAILURE& e) {
+            if (e.completed() == CORBA::COMPLETED_NO && target != reference && reference->drop_forward())
+                continue;
+            throw;
+        } catch (const CORBA::OBJECT_NOT_EXIST&) {
+            if (target != reference && reference->drop_forward())
+                continue;
+            throw;
+        }
+        reference->forward(forward_to);
     }
+}
+
+Invocation::Outcome Invocation::invoke_remote(const Reference& target, const YV_Cxx::Operation& op,
+                                              CORBA::NVList_ptr args, YV_Streamable* result,
+                                              std::shared_ptr<Reference>& forward_to)
+{
+    std::shared_ptr<YV_IIOP::Transport> transport = ORBCore::instance().transport();
+    if (!transport)
+        throw CORBA::BAD_INV_ORDER(0x4f4d0004, CORBA::COMPLETED_NO);
+    const std::vector<IIOPProfile>& profiles = target.iiop_profiles();
+    if (profiles.empty())
+        throw CORBA::TRANSIENT(0x4f4d0002, CORBA::COMPLETED_NO);
+    const ORBOptions options = ORBCore::instance().options();
+    bool any_refused = false;
+    for (std::size_t index = 0; index < profiles.size(); ++index) {
+        const IIOPProfile& profile = profiles[index];
+        const Version version{1, static_cast<CORBA::Octet>(profile.version.major > 1 ? 2 : std::min<int>(profile.version.minor, 2))};
+        TargetAddress address;
+        address.object_key = profile.object_key;
+        // A server that closes in order before reading the request has not
+        // served it: it goes again, on a new connection, a few times.
+        for (int attempt = 0; attempt < 4; ++attempt) {
+            bool refused = false;
+            std::shared_ptr<YV_IIOP::ClientConnection> connection =
+                transport->connect(profile.host, profile.port, refused);
+            if (!connection) {
+                any_refused = any_refused || refused;
+                ORBCore::instance().trace(1, "cannot connect to " + profile.host + ":" + std::to_string(profile.port));
+                break;
+            }
+            ServiceContextList contexts;
+            if (connection->first_request() && version.minor >= 1) {
+                CodeSets::Info offered;
+                if (!profile.code_sets(offered))
+                    offered.for_char.native_code_set = CodeSets::iso_8859_1;
+                contexts.add(YV_GIOP::CodeSets, CodeSets::encode(CodeSets::negotiate(offered)));
+            }
+            const CORBA::ULong id = connection->next_request_id();
+            const MessageBuilder message = request(version, id, address, op, args, contexts);
+            if (message.size() > transport->options().max_message)
+                throw CORBA::IMP_LIMIT(0, CORBA::COMPLETED_NO);
+            if (op.oneway) {
+                if (connection->send_only(message.data(), message.size()) == YV_IIOP::ClientConnection::replied)
+                    return done;
+                continue;
+            }
+            const auto deadline = options.call_timeout.count() == 0
+                                      ? std::chrono::steady_clock::time_point::max()
+                                      : std::chrono::steady_clock::now() + options.call_timeout;
+            Message reply;
+            switch (connection->call(id, message.data(), message.size(), reply, deadline)) {
+            case YV_IIOP::ClientConnection::retry:
+                continue;
+            case YV_IIOP::ClientConnection::broken:
+                throw CORBA::COMM_FAILURE(0, CORBA::COMPLETED_MAYBE);
+            case YV_IIOP::ClientConnection::timed_out:
+                throw CORBA::TIMEOUT(0, CORBA::COMPLETED_MAYBE);
+            case YV_IIOP::ClientConnection::replied:
+                break;
+            }
+            if (reply.header.type != Reply)
+                throw CORBA::MARSHAL(0, CORBA::COMPLETED_MAYBE);
+            YV_CDR::InputStream in = reply.body();
+            ReplyHeader header;
+            try {
+                header = ReplyHeader::read(in, reply.header.version);
+            } catch (const CORBA::MARSHAL& e) {
+                throw CORBA::MARSHAL(e.minor(), CORBA::COMPLETED_MAYBE);
+            }
+            CORBA::Short disposition = 0;
+            const Outcome outcome = read_reply(in, header.reply_status, op, args, result, forward_to, disposition);
+            if (outcome != readdress)
+                return outcome;
+            // The server wants the target named another way.
+            if (disposition == TargetAddress::ProfileAddr) {
+                address.disposition = TargetAddress::ProfileAddr;
+                address.profile = profile.encode();
+            } else if (disposition == TargetAddress::ReferenceAddr) {
+                address.disposition = TargetAddress::ReferenceAddr;
+                address.ior = target.ior();
+                address.selected_profile_index = 0;
+                for (CORBA::ULong i = 0; i < address.ior.profiles.size(); ++i)
+                    if (address.ior.profiles[i].tag == TAG_INTERNET_IOP) {
+                        address.selected_profile_index = i;
+                        break;
+                    }
+            } else {
+                address.disposition = TargetAddress::KeyAddr;
+            }
+        }
+    }
+    throw CORBA::TRANSIENT(any_refused ? 0x4f4d0002 : 0, CORBA::COMPLETED_NO);
 }
 
 } // namespace YV_ORB

@@ -34,8 +34,11 @@ class Reference;
 
 class Invocation {
 public:
+    // `encoded`: objects of this process too are served through the wire
+    // encoding, whatever the dispatch path (for callers whose streamables
+    // are not the servant's classes).
     static void invoke(const std::shared_ptr<Reference>& reference, const YV_Cxx::Operation& op,
-                       CORBA::NVList_ptr args, YV_Streamable* result);
+                       CORBA::NVList_ptr args, YV_Streamable* result, bool encoded = false);
 
     // Serves a call on `servant` through the wire encoding of its arguments
     // and reply, without messages.
@@ -64,6 +67,8 @@ private:
                              CORBA::NVList_ptr args, YV_Streamable* result);
     static Outcome invoke_loopback(const Reference& target, const YV_Cxx::Operation& op, CORBA::NVList_ptr args,
                                    YV_Streamable* result, std::shared_ptr<Reference>& forward_to);
+    static Outcome invoke_remote(const Reference& target, const YV_Cxx::Operation& op, CORBA::NVList_ptr args,
+                                 YV_Streamable* result, std::shared_ptr<Reference>& forward_to);
 };
 
 } // namespace YV_ORB

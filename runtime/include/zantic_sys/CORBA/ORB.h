@@ -1,11 +1,18 @@
-// The ORB of the process: there is one, made by ORB_init. Requests are served
-// in process, so run() and work_pending() have nothing to wait for.
+// The ORB of the process, made by ORB_init (later calls give the same ORB
+// until it is destroyed; then ORB_init makes a new one). Its threads serve
+// requests from the network as soon as a POA manager is active: run()
+// only waits for shutdown.
 #ifndef YV_RT_CORBA_ORB_H
 #define YV_RT_CORBA_ORB_H
 
+#include "../YV_Cxx/Ref_out.h"
 #include "../YV_Cxx/Ref_var.h"
+#include "../YV_Cxx/Sequence.h"
+#include "../YV_Cxx/Var_out.h"
+#include "../YV_Cxx/Var_var.h"
 #include "Exception.h"
 #include "Object.h"
+#include "String_var.h"
 #include "TypeCode.h"
 #include "Types.h"
 
@@ -20,18 +27,42 @@ public:
         void _raise() const override { throw *this; }
     };
 
-    // "RootPOA" gives the root object adapter; other names: InvalidName.
+    typedef char* ObjectId;
+    typedef String_var ObjectId_var;
+    typedef YV_Cxx::UnboundedSequence<String_var> ObjectIdList;
+    typedef YV_Cxx::Var_var<ObjectIdList> ObjectIdList_var;
+    typedef YV_Cxx::Var_out<ObjectIdList> ObjectIdList_out;
+
+    // "IOR:..." of the reference (a local object: MARSHAL).
+    char* object_to_string(Object_ptr obj);
+    // IOR:, corbaloc: and corbaname: strings; BAD_PARAM when malformed.
+    Object_ptr string_to_object(const char* text);
+
+    // "RootPOA", names registered here, names given by -ORBInitRef, and
+    // any name through -ORBDefaultInitRef (<url>/<name>); InvalidName else.
     Object_ptr resolve_initial_references(const char* identifier);
-    void run();
-    void shutdown(Boolean wait_for_completion = false);
-    void destroy();
+    ObjectIdList* list_initial_services();
+    // InvalidName for an empty or taken name, BAD_PARAM for nil.
+    void register_initial_reference(const char* identifier, Object_ptr obj);
+
+    // Requests are served by the ORB's threads: there is never work for the
+    // caller's thread (BAD_INV_ORDER after shutdown).
     Boolean work_pending();
     void perform_work();
-    Boolean _yv_is_shut_down() const { return m_shut_down; }
+    // Waits until the ORB is shut down, then completes the shutdown.
+    void run();
+    // Shuts the ORB down: POAs destroyed, connections closed. With
+    // `wait_for_completion`, after the requests being served are done
+    // (BAD_INV_ORDER from inside one); without, the shutdown completes in
+    // run() or destroy().
+    void shutdown(Boolean wait_for_completion = false);
+    // Shuts down (waiting) if needed and frees what the ORB holds.
+    void destroy();
 
     static ORB_ptr _duplicate(ORB_ptr orb) { return orb; }
     static ORB_ptr _nil() { return nullptr; }
     void _yv_release() {}
+    Boolean _yv_is_shut_down() const;
 
     // The process's ORB.
     static ORB_ptr _yv_instance();
@@ -67,7 +98,7 @@ public:
 
 private:
     ORB() = default;
-    bool m_shut_down = false;
+    void check_running() const;
 };
 
 ORB_ptr ORB_init(int& argc, char** argv, const char* orb_identifier = "");
@@ -75,6 +106,7 @@ inline void release(ORB_ptr) {}
 inline Boolean is_nil(ORB_ptr orb) { return orb == nullptr; }
 
 typedef YV_Cxx::ObjRef_var<ORB> ORB_var;
+typedef YV_Cxx::ObjRef_out<ORB> ORB_out;
 
 } // namespace CORBA
 

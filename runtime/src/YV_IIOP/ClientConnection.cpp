@@ -1,0 +1,139 @@
+#include "YV_IIOP/ClientConnection.h"
+
+#include "YV_GIOP/LocateReplyHeader.h"
+#include "YV_GIOP/MessageBuilder.h"
+#include "YV_GIOP/ReplyHeader.h"
+#include "zantic_sys/CORBA/SystemException.h"
+
+namespace YV_IIOP {
+
+using namespace YV_GIOP;
+
+ClientConnection::ClientConnection(Reactor& reactor, Socket socket, std::size_t max_message,
+                                   std::function<void(ClientConnection*)> on_lost)
+    : Connection(reactor, std::move(socket), max_message), m_on_lost(std::move(on_lost))
+{
+}
+
+ClientConnection::Result ClientConnection::call(CORBA::ULong request_id, const unsigned char* message,
+                                                std::size_t size, Message& reply,
+                                                std::chrono::steady_clock::time_point deadline)
+{
+    auto pending = std::make_shared<Pending>();
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_gone)
+            return retry;
+        m_version = Version{message[4], message[5]};
+        m_pending[request_id] = pending;
+    }
+    if (!send(message, size)) {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_pending.erase(request_id);
+        // Nothing was answered: the server saw at most part of a message.
+        return retry;
+    }
+    std::unique_lock<std::mutex> lock(m_mutex);
+    if (deadline == std::chrono::steady_clock::time_point::max())
+        m_answered.wait(lock, [&] { return pending->done; });
+    else if (!m_answered.wait_until(lock, deadline, [&] { return pending->done; })) {
+        // The request id is not used again: a late reply is dropped.
+        m_pending.erase(request_id);
+        return timed_out;
+    }
+    if (pending->result == replied)
+        reply = std::move(pending->reply);
+    return pending->result;
+}
+
+ClientConnection::Result ClientConnection::send_only(const unsigned char* message, std::size_t size)
+{
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_gone)
+            return retry;
+    }
+    return send(message, size) ? replied : retry;
+}
+
+void ClientConnection::close_orderly()
+{
+    Version version;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        version = m_version;
+    }
+    send(MessageBuilder::header_only(version, CloseConnection));
+    close();
+}
+
+void ClientConnection::deliver(Message&& message)
+{
+    CORBA::ULong id = 0;
+    switch (message.header.type) {
+    case Reply:
+    case LocateReply:
+        try {
+            YV_CDR::InputStream in = message.body();
+            id = message.header.type == Reply ? ReplyHeader::read(in, message.header.version).request_id
+                                              : LocateReplyHeader::read(in, message.header.version).request_id;
+        } catch (const CORBA::Exception&) {
+            refuse(message.header.version);
+            return;
+        }
+        break;
+    case CloseConnection: {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_orderly = true;
+        m_gone = true;
+        close();
+        return;
+    }
+    case MessageError:
+        close();
+        return;
+    default:
+        // Requests to a client (no bidirectional GIOP here), fragments
+        // already put together, cancels: nothing to do.
+        return;
+    }
+    std::lock_guard<std::mutex> lock(m_mutex);
+    auto found = m_pending.find(id);
+    if (found == m_pending.end())
+        return;  // a call that timed out, or a reply nobody asked for
+    found->second->reply = std::move(message);
+    found->second->result = replied;
+    found->second->done = true;
+    m_pending.erase(found);
+    m_answered.notify_all();
+}
+
+void ClientConnection::abandon()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_gone = true;
+    for (auto& p : m_pending) {
+        p.second->result = broken;
+        p.second->done = true;
+    }
+    m_pending.clear();
+    m_answered.notify_all();
+}
+
+void ClientConnection::lost()
+{
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_gone = true;
+        for (auto& p : m_pending) {
+            p.second->result = m_orderly ? retry : broken;
+            p.second->done = true;
+        }
+        m_pending.clear();
+        m_answered.notify_all();
+    }
+    if (m_on_lost)
+        m_on_lost(this);
+}
+
+} // namespace YV_IIOP

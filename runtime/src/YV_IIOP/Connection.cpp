@@ -1,0 +1,175 @@
+#include "YV_IIOP/Connection.h"
+
+#include "YV_GIOP/MessageBuilder.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace YV_IIOP {
+
+using namespace YV_GIOP;
+
+namespace {
+
+// How much is read at a time, and how long a refused peer may take to read
+// the MessageError before the connection goes.
+constexpr std::size_t chunk = 64 * 1024;
+constexpr std::chrono::seconds drain_time{2};
+
+} // namespace
+
+constexpr std::chrono::seconds Connection::send_timeout;
+
+Connection::Connection(Reactor& reactor, Socket socket, std::size_t max_message)
+    : m_reactor(reactor), m_socket(std::move(socket)), m_max(std::max<std::size_t>(max_message, 1024)),
+      m_assembler(m_max)
+{
+}
+
+Connection::~Connection() = default;
+
+void Connection::attach()
+{
+    m_reactor.add(m_socket.fd(), shared_from_this());
+}
+
+bool Connection::send(const unsigned char* data, std::size_t size)
+{
+    if (m_closed)
+        return false;
+    bool sent;
+    {
+        std::lock_guard<std::mutex> lock(m_write);
+        sent = Socket::write_all(m_socket.fd(), data, size, std::chrono::steady_clock::now() + send_timeout);
+    }
+    if (!sent)
+        close();
+    return sent;
+}
+
+void Connection::close()
+{
+    if (!m_closed.exchange(true))
+        ::shutdown(m_socket.fd(), SHUT_RDWR);
+}
+
+void Connection::refuse(Version version)
+{
+    const std::vector<unsigned char> error = MessageBuilder::header_only(version, MessageError);
+    {
+        std::lock_guard<std::mutex> lock(m_write);
+        Socket::write_all(m_socket.fd(), error.data(), error.size(),
+                          std::chrono::steady_clock::now() + std::chrono::seconds(1));
+    }
+    // The peer may still be sending: closing with unread octets would reset
+    // the connection and lose the MessageError. Read until it is done.
+    m_draining = true;
+    m_closed = true;
+    ::shutdown(m_socket.fd(), SHUT_WR);
+    std::weak_ptr<Connection> self = shared_from_this();
+    m_reactor.post_after(drain_time, [self] {
+        if (auto c = self.lock())
+            c->finish();
+    });
+}
+
+void Connection::on_ready(bool hangup)
+{
+    if (m_finished)
+        return;
+    bool end = hangup;
+    // A few chunks per turn, so that one busy peer does not starve the
+    // others (the reactor calls again while octets are waiting).
+    for (int turn = 0; turn < 16; ++turn) {
+        if (m_start != 0 && m_start >= m_in.size() / 2) {
+            m_in.erase(m_in.begin(), m_in.begin() + static_cast<std::ptrdiff_t>(m_start));
+            m_start = 0;
+        }
+        const std::size_t have = m_in.size();
+        m_in.resize(have + chunk);
+        const ssize_t n = ::recv(m_socket.fd(), m_in.data() + have, chunk, 0);
+        m_in.resize(have + (n > 0 ? static_cast<std::size_t>(n) : 0));
+        if (n > 0) {
+            if (m_draining) {
+                m_in.clear();
+                m_start = 0;
+            } else {
+                read_messages();
+            }
+            if (static_cast<std::size_t>(n) < chunk)
+                break;
+            continue;
+        }
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n < 0 && (errno == EAGAIN || errno == EWOULDBLOCK))
+            break;
+        end = true;  // end of stream or an error
+        break;
+    }
+    if (end)
+        finish();
+}
+
+void Connection::read_messages()
+{
+    while (!m_draining && m_in.size() - m_start >= MessageHeader::size) {
+        const unsigned char* p = m_in.data() + m_start;
+        MessageHeader header;
+        const MessageHeader::Problem problem = header.parse(p);
+        if (problem == MessageHeader::bad_magic || problem == MessageHeader::bad_version) {
+            refuse(problem == MessageHeader::bad_version ? Version{1, 0} : Version{1, 2});
+            return;
+        }
+        if (header.body_size > m_max - MessageHeader::size) {
+            refuse(header.version);
+            return;
+        }
+        const std::size_t total = MessageHeader::size + header.body_size;
+        if (m_in.size() - m_start < total)
+            return;
+        if (problem == MessageHeader::bad_type) {
+            m_start += total;
+            std::lock_guard<std::mutex> lock(m_write);
+            const std::vector<unsigned char> error = MessageBuilder::header_only(header.version, MessageError);
+            Socket::write_all(m_socket.fd(), error.data(), error.size(),
+                              std::chrono::steady_clock::now() + std::chrono::seconds(1));
+            continue;
+        }
+        Message piece;
+        piece.header = header;
+        piece.octets.assign(p, p + total);
+        m_start += total;
+        Message whole;
+        switch (m_assembler.add(std::move(piece), whole)) {
+        case FragmentAssembler::complete:
+            deliver(std::move(whole));
+            break;
+        case FragmentAssembler::pending:
+            break;
+        case FragmentAssembler::error:
+            refuse(header.version);
+            return;
+        }
+    }
+    if (m_start == m_in.size()) {
+        m_in.clear();
+        m_start = 0;
+    }
+}
+
+void Connection::finish()
+{
+    if (m_finished)
+        return;
+    m_finished = true;
+    m_closed = true;
+    // Keeps the connection alive while the reactor lets go of it.
+    std::shared_ptr<Connection> self = shared_from_this();
+    m_reactor.remove(m_socket.fd());
+    lost();
+}
+
+} // namespace YV_IIOP

@@ -1,0 +1,80 @@
+// One TCP connection carrying GIOP messages. The reactor's thread reads:
+// octets are cut into messages by their headers, fragments are put
+// together, and every whole message goes to deliver() of the role (client
+// or server). Any thread may send a whole message; sends of one connection
+// never interleave.
+//
+// Bad input: a header with a bad magic or an unknown version, or a size
+// beyond the limit, is answered with MessageError and the connection is
+// closed (its octets cannot be trusted to find the next message); an unknown
+// message type is answered with MessageError and skipped; a fragment that
+// fits no message is answered with MessageError and closes the connection.
+//
+// The descriptor lives as long as the object. close() only shuts the
+// socket down; the reactor's thread then sees the end, stops watching and
+// calls lost() once.
+#ifndef YV_IIOP_CONNECTION_H
+#define YV_IIOP_CONNECTION_H
+
+#include "YV_GIOP/FragmentAssembler.h"
+#include "YV_GIOP/Message.h"
+#include "YV_IIOP/Reactor.h"
+#include "YV_IIOP/Socket.h"
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace YV_IIOP {
+
+class Connection : public Reactor::Handler, public std::enable_shared_from_this<Connection> {
+public:
+    Connection(Reactor& reactor, Socket socket, std::size_t max_message);
+    ~Connection() override;
+
+    // Starts reading (the reactor keeps the connection from then on).
+    void attach();
+    // Sends one whole message; false when the connection is gone (it is
+    // then closed).
+    bool send(const unsigned char* data, std::size_t size);
+    bool send(const std::vector<unsigned char>& message) { return send(message.data(), message.size()); }
+    // Ends the connection (see the header).
+    void close();
+    bool is_closed() const { return m_closed; }
+    int fd() const { return m_socket.fd(); }
+
+    void on_ready(bool hangup) override;
+
+    // How long a send may wait for the peer to read.
+    static constexpr std::chrono::seconds send_timeout{60};
+
+protected:
+    // A whole message (reactor thread).
+    virtual void deliver(YV_GIOP::Message&& message) = 0;
+    // The connection ended (reactor thread, once).
+    virtual void lost() = 0;
+    // Sends MessageError, then closes after the peer had time to read it.
+    void refuse(YV_GIOP::Version version);
+    Reactor& reactor() { return m_reactor; }
+
+private:
+    void read_messages();
+    void finish();
+
+    Reactor& m_reactor;
+    Socket m_socket;
+    const std::size_t m_max;
+    YV_GIOP::FragmentAssembler m_assembler;
+    std::vector<unsigned char> m_in;
+    std::size_t m_start = 0;
+    std::mutex m_write;
+    std::atomic<bool> m_closed{false};
+    bool m_draining = false;
+    bool m_finished = false;
+};
+
+} // namespace YV_IIOP
+
+#endif

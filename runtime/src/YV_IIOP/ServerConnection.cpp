@@ -1,0 +1,73 @@
+#include "YV_IIOP/ServerConnection.h"
+
+#include "YV_GIOP/MessageBuilder.h"
+
+namespace YV_IIOP {
+
+using namespace YV_GIOP;
+
+ServerConnection::ServerConnection(Reactor& reactor, Socket socket, std::size_t max_message, WorkerPool& pool,
+                                   const Handler& handler, std::function<void(ServerConnection*)> on_lost)
+    : Connection(reactor, std::move(socket), max_message), m_pool(pool), m_handler(handler),
+      m_on_lost(std::move(on_lost))
+{
+}
+
+void ServerConnection::code_sets(const CodeSets::Context& chosen)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_code_sets_known) {
+        m_code_sets = chosen;
+        m_code_sets_known = true;
+    }
+}
+
+bool ServerConnection::code_sets(CodeSets::Context& chosen) const
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    chosen = m_code_sets;
+    return m_code_sets_known;
+}
+
+void ServerConnection::close_orderly()
+{
+    Version version;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        version = m_version;
+    }
+    send(MessageBuilder::header_only(version, CloseConnection));
+    close();
+}
+
+void ServerConnection::deliver(Message&& message)
+{
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_version = message.header.version;
+    }
+    switch (message.header.type) {
+    case Request:
+    case LocateRequest: {
+        auto shared = std::make_shared<const Message>(std::move(message));
+        std::shared_ptr<ServerConnection> self = std::static_pointer_cast<ServerConnection>(shared_from_this());
+        const Handler& handler = m_handler;
+        m_pool.submit([shared, self, &handler] { handler(shared, self); });
+        break;
+    }
+    case CloseConnection:
+    case MessageError:
+        close();
+        break;
+    default:
+        break;
+    }
+}
+
+void ServerConnection::lost()
+{
+    if (m_on_lost)
+        m_on_lost(this);
+}
+
+} // namespace YV_IIOP
