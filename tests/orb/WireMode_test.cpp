@@ -110,7 +110,9 @@ TEST_P(DispatchPaths, OnewayCallsAreServed)
 
 TEST_P(DispatchPaths, DeactivatedObjectsAreGone)
 {
-    PortableServer::ObjectId_var other_id = poa->activate_object(new Adder);
+    Adder* other_servant = new Adder;
+    PortableServer::ObjectId_var other_id = poa->activate_object(other_servant);
+    other_servant->_remove_ref();  // the POA's reference is the last
     CORBA::Object_var other = poa->id_to_reference(other_id.in());
     poa->deactivate_object(other_id.in());
     EXPECT_THROW(call_add(other.in(), 1, 1), CORBA::OBJECT_NOT_EXIST);
