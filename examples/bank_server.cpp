@@ -1,14 +1,20 @@
 // A small server for bank.idl: a branch that opens checking and savings
-// accounts, activated in the root POA and called through its object
-// references. Every call below goes through the generated client proxy and
-// the generated skeleton's dispatch function.
+// accounts, activated in the root POA and served over IIOP. It writes the
+// branch's reference (an IOR string) to the file its command line names and
+// serves until it gets SIGTERM or SIGINT; bank_client.cpp calls it.
+//
+//   bank_server [-ORB options] <reference file>
 //
 // Built and run by scripts/example.sh.
 #include "bankS.hh"
 
+#include <csignal>
 #include <cstdio>
+#include <fstream>
 #include <memory>
+#include <pthread.h>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -19,16 +25,6 @@ Bank::Money money(CORBA::LongLong amount, const char* currency)
     m.amount = amount;
     m.currency = currency;
     return m;
-}
-
-// "12.34 EUR" for an amount of 1234 cents.
-std::string show(const Bank::Money& m)
-{
-    char text[64];
-    const long long cents = m.amount < 0 ? -m.amount : m.amount;
-    std::snprintf(text, sizeof text, "%s%lld.%02lld %s", m.amount < 0 ? "-" : "", cents / 100, cents % 100,
-                  m.currency.in());
-    return text;
 }
 
 // What every kind of account does. `Skeleton` is the account's POA class.
@@ -226,97 +222,55 @@ private:
     std::vector<Opened> accounts_;
 };
 
-void print_balance(Bank::Account_ptr account)
-{
-    CORBA::String_var id = account->id();
-    Bank::Money_var balance = account->balance();
-    std::printf("  %s balance %s\n", id.in(), show(balance.in()).c_str());
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
+    // SIGTERM and SIGINT go to one thread, which shuts the ORB down; every
+    // thread made from here on inherits the mask.
+    sigset_t stop_signals;
+    sigemptyset(&stop_signals);
+    sigaddset(&stop_signals, SIGTERM);
+    sigaddset(&stop_signals, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &stop_signals, nullptr);
+
     CORBA::ORB_var orb = CORBA::ORB_init(argc, argv);
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: bank_server [-ORB options] <reference file>\n");
+        orb->destroy();
+        return 2;
+    }
     CORBA::Object_var obj = orb->resolve_initial_references("RootPOA");
     PortableServer::POA_var poa = PortableServer::POA::_narrow(obj.in());
     PortableServer::POAManager_var manager = poa->the_POAManager();
-    manager->activate();
 
     BranchImpl servant("Main Street");
     Bank::Branch_var branch = servant._this();
-    CORBA::String_var branch_name = branch->name();
-    std::printf("branch \"%s\" is active\n", branch_name.in());
-
-    Bank::CheckingAccount_var checking = branch->open_checking("Ada", money(5000, "EUR"));
-    Bank::SavingsAccount_var savings = branch->open_savings("Ada", 0.03f);
-    checking->nickname("everyday");
-    CORBA::String_var id = checking->id();
-    CORBA::String_var nickname = checking->nickname();
-    std::printf("opened %s (\"%s\") and a savings account at %.1f%%\n", id.in(), nickname.in(),
-                savings->interest_rate() * 100);
-
-    checking->deposit(money(120000, "EUR"), "salary");
-    savings->deposit(money(1000000, "EUR"), "inheritance");
-    std::printf("deposits made:\n");
-    print_balance(checking.in());
-    print_balance(savings.in());
-
-    try {
-        checking->withdraw(money(200000, "EUR"), "new car");
-    } catch (const Bank::InsufficientFunds& e) {
-        std::printf("withdrawal of %s refused: only %s available\n", show(e.requested).c_str(),
-                    show(e.available).c_str());
+    CORBA::String_var ior = orb->object_to_string(branch.in());
+    {
+        // Written aside and renamed, so that a reader never sees half of it.
+        const std::string partial = std::string(argv[1]) + ".partial";
+        std::ofstream out(partial);
+        out << ior.in() << "\n";
+        out.close();
+        if (!out || std::rename(partial.c_str(), argv[1]) != 0) {
+            std::fprintf(stderr, "bank_server: cannot write %s\n", argv[1]);
+            orb->destroy();
+            return 1;
+        }
     }
-    try {
-        savings->deposit(money(100, "USD"), "souvenir");
-    } catch (const Bank::CurrencyMismatch& e) {
-        std::printf("deposit refused: the account keeps %s\n", e.expected.in());
-    }
+    manager->activate();
+    std::printf("branch \"Main Street\" serves; its reference is in %s\n", argv[1]);
+    std::fflush(stdout);
 
-    Bank::Money cheque = money(124000, "EUR");
-    CORBA::Boolean cleared = checking->cheque_cleared(17, cheque);
-    std::printf("cheque 17 %s, %s booked (overdraft allowed)\n", cleared ? "cleared" : "bounced",
-                show(cheque).c_str());
-
-    branch->transfer(savings.in(), checking.in(), money(50000, "EUR"));
-    std::printf("after a transfer from savings to checking:\n");
-    print_balance(checking.in());
-    print_balance(savings.in());
-    Bank::Money_var interest = savings->projected_interest(12);
-    std::printf("  interest projected for a year: %s\n", show(interest.in()).c_str());
-
-    Bank::Statement_var statement = checking->last_transactions(3);
-    std::printf("last %u transactions of %s:\n", statement->length(), id.in());
-    for (CORBA::ULong i = 0; i < statement->length(); ++i) {
-        const Bank::Transaction& t = statement[i];
-        std::printf("  #%llu %s %s\n", static_cast<unsigned long long>(t.serial), show(t.value).c_str(),
-                    t.memo.in());
-    }
-
-    Bank::AccountIds_var ids = branch->accounts_of("Ada");
-    std::printf("Ada holds %u accounts:", ids->length());
-    for (CORBA::ULong i = 0; i < ids->length(); ++i)
-        std::printf(" %s", ids[i].in());
-    std::printf("\n");
-
-    try {
-        Bank::Account_var missing = branch->find("CHK-99");
-    } catch (const Bank::UnknownAccount& e) {
-        std::printf("no account %s at this branch\n", e.id.in());
-    }
-
-    Bank::Account_var found = branch->find("SAV-2");
-    Bank::Money_var paid_out;
-    found->close(paid_out.out());
-    std::printf("closed SAV-2, paid out %s; closed: %s\n", show(paid_out.in()).c_str(),
-                found->closed() ? "yes" : "no");
-    try {
-        Bank::Money_var none = found->balance();
-    } catch (const Bank::AccountClosed&) {
-        std::printf("SAV-2 refuses requests now that it is closed\n");
-    }
-
+    std::thread stopper([&orb, &stop_signals] {
+        int signal = 0;
+        sigwait(&stop_signals, &signal);
+        orb->shutdown(false);
+    });
+    orb->run();
+    stopper.join();
     orb->destroy();
+    std::printf("branch closed\n");
     return 0;
 }
