@@ -333,9 +333,8 @@ public:
                 const char* _name() const override { return "NotFound"; }
                 const char* _rep_id() const override { return "IDL:omg.org/CosNaming/NamingContext/NotFound:1.0"; }
                 void _raise() const override { throw *this; }
-                void _yv_write(YV_CDR::OutputStream& out) const override
+                void _yv_write_members(YV_CDR::OutputStream& out) const override
                 {
-                    write_text(out, _rep_id());
                     out.write_ulong(0);
                     out.write_ulong(0);
                 }

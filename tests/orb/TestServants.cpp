@@ -1,6 +1,5 @@
 #include "TestServants.h"
 
-#include "YV_GIOP/CdrText.h"
 
 #include <cstring>
 #include <stdexcept>
@@ -84,9 +83,8 @@ void WireOctets::yv_read(YV_CDR::InputStream& in)
     m_value->assign(reinterpret_cast<const char*>(in.read_octets(n)), n);
 }
 
-void Oops::_yv_write(YV_CDR::OutputStream& out) const
+void Oops::_yv_write_members(YV_CDR::OutputStream& out) const
 {
-    YV_GIOP::write_text(out, _rep_id());
     out.write_long(code);
 }
 

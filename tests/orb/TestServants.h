@@ -63,7 +63,7 @@ public:
     const char* _name() const override { return "Oops"; }
     const char* _rep_id() const override { return "IDL:Test/Oops:1.0"; }
     void _raise() const override { throw *this; }
-    void _yv_write(YV_CDR::OutputStream& out) const override;
+    void _yv_write_members(YV_CDR::OutputStream& out) const override;
     void _yv_read_members(YV_CDR::InputStream& in) { code = in.read_long(); }
 };
 

@@ -11,7 +11,13 @@ const char* Exception::what() const noexcept
     return _rep_id();
 }
 
-void Exception::_yv_write(YV_CDR::OutputStream&) const
+void Exception::_yv_write(YV_CDR::OutputStream& out) const
+{
+    out.write_string(_rep_id());
+    _yv_write_members(out);
+}
+
+void Exception::_yv_write_members(YV_CDR::OutputStream&) const
 {
     throw MARSHAL(0, COMPLETED_MAYBE);
 }
@@ -30,9 +36,8 @@ SystemException* SystemException::_downcast(Exception* e)
     return dynamic_cast<SystemException*>(e);
 }
 
-void SystemException::_yv_write(YV_CDR::OutputStream& out) const
+void SystemException::_yv_write_members(YV_CDR::OutputStream& out) const
 {
-    out.write_string(_rep_id());
     out.write_ulong(m_minor);
     out.write_ulong(static_cast<ULong>(m_completed));
 }

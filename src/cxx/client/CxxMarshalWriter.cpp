@@ -335,10 +335,8 @@ void CxxMarshalWriter::write_exception(CxxPrinter& p, AST_Exception* e) const
     const std::vector<AST_Field*> fields = e->fields();
     {
         p.print("void\n");
-        auto body = p.block("$name$::_yv_write(YV_CDR::OutputStream& $out$) const\n{\n", "}\n\n",
-                            {{"name", name}, {"out", out_param}});
-        p.print("$out$.write_string($id$);\n",
-                {{"out", out_param}, {"id", CxxLiteral::string_literal(e->repoID(), false)}});
+        auto body = p.block("$name$::_yv_write_members(YV_CDR::OutputStream&$out$) const\n{\n", "}\n\n",
+                            {{"name", name}, {"out", fields.empty() ? std::string() : " " + std::string(out_param)}});
         for (AST_Field* f : fields)
             p.print(write_statement(f->field_type(), out_param, m_resolver.local_name(f)) + "\n");
     }

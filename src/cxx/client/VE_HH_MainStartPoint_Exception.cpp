@@ -63,6 +63,6 @@ void VE_HH_MainStartPoint_Exception::output_standard_members(CxxPrinter& p, AST_
     p.print("static $full$* _downcast(CORBA::Exception* e) { return dynamic_cast<$full$*>(e); }\n", vars);
     p.print("static const $full$* _downcast(const CORBA::Exception* e) { return dynamic_cast<const $full$*>(e); }\n",
             vars);
-    p.print("void _yv_write(YV_CDR::OutputStream& _yvp_out) const override;\n");
+    p.print("void _yv_write_members(YV_CDR::OutputStream& _yvp_out) const override;\n");
     p.print("void _yv_read_members(YV_CDR::InputStream& _yvp_in);\n\n");
 }

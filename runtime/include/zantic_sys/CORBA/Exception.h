@@ -26,9 +26,12 @@ public:
     const char* what() const noexcept override;
 
     // Writes the exception as a reply carries it: the repository id, then
-    // the members (system exceptions: minor code and completion status).
-    // Exceptions that cannot travel raise MARSHAL.
-    virtual void _yv_write(YV_CDR::OutputStream& out) const;
+    // the members.
+    void _yv_write(YV_CDR::OutputStream& out) const;
+    // The members alone, as an any carries them (system exceptions: minor
+    // code and completion status). Exceptions that cannot travel raise
+    // MARSHAL.
+    virtual void _yv_write_members(YV_CDR::OutputStream& out) const;
 
 protected:
     Exception() = default;

@@ -18,7 +18,7 @@ public:
 
     static SystemException* _downcast(Exception* e);
 
-    void _yv_write(YV_CDR::OutputStream& out) const override;
+    void _yv_write_members(YV_CDR::OutputStream& out) const override;
 
 protected:
     SystemException(ULong minor, CompletionStatus completed)

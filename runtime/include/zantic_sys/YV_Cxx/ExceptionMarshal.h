@@ -1,14 +1,13 @@
-// User exceptions in CDR, as anys carry them: the repository id, then the
-// members. Every exception class of generated code writes itself
-// (_yv_write) and reads its members (_yv_read_members), so one
-// specialisation serves them all (exception classes without
+// User exceptions in CDR, as anys carry them: the members alone (the any's
+// type code says which exception it is). Every exception class of generated
+// code writes and reads its members (_yv_write_members, _yv_read_members),
+// so one specialisation serves them all (exception classes without
 // _yv_read_members, written by hand, do not travel).
 #ifndef YV_RT_YV_CXX_EXCEPTIONMARSHAL_H
 #define YV_RT_YV_CXX_EXCEPTIONMARSHAL_H
 
 #include "../CORBA/Exception.h"
 #include "Marshal.h"
-#include "StringVar.h"
 
 #include <type_traits>
 #include <utility>
@@ -26,17 +25,11 @@ struct IsGeneratedException<E, std::void_t<decltype(std::declval<E&>()._yv_read_
 
 template <class E>
 struct Marshal<E, std::enable_if_t<IsGeneratedException<E>::value>> {
-    // The repository id's length and NUL.
-    static constexpr std::size_t min_size = 5;
+    // An exception without members.
+    static constexpr std::size_t min_size = 0;
 
-    static void write(YV_CDR::OutputStream& out, const E& v) { v._yv_write(out); }
-    // The repository id is passed over: the any's type code has said
-    // which exception it is.
-    static void read(YV_CDR::InputStream& in, E& v)
-    {
-        const StringVar<char> id = in.read_string();
-        v._yv_read_members(in);
-    }
+    static void write(YV_CDR::OutputStream& out, const E& v) { v._yv_write_members(out); }
+    static void read(YV_CDR::InputStream& in, E& v) { v._yv_read_members(in); }
 };
 
 } // namespace YV_Cxx
