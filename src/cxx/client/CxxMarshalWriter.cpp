@@ -115,21 +115,37 @@ bool has_default_branch(AST_Union* u)
     return false;
 }
 
-std::size_t min_size_at(AST_Type* t, const CxxTypeMapping& map, int depth);
+using MinSizes = std::unordered_map<const AST_Type*, std::size_t>;
 
-std::size_t fields_min_size(const std::vector<AST_Field*>& fields, const CxxTypeMapping& map, int depth)
+std::size_t min_size_at(AST_Type* t, const CxxTypeMapping& map, int depth, MinSizes& known);
+
+std::size_t fields_min_size(const std::vector<AST_Field*>& fields, const CxxTypeMapping& map, int depth,
+                            MinSizes& known)
 {
     std::size_t n = 0;
     for (AST_Field* f : fields)
-        n = capped(n + min_size_at(f->field_type(), map, depth + 1));
+        n = capped(n + min_size_at(f->field_type(), map, depth + 1, known));
     return n;
 }
 
-std::size_t min_size_at(AST_Type* t, const CxxTypeMapping& map, int depth)
+std::size_t min_size_of(AST_Type* r, const CxxTypeMapping& map, int depth, MinSizes& known);
+
+// Each type's size is worked out once: a structure of two of the previous
+// one, repeated, would otherwise cost twice as much per level.
+std::size_t min_size_at(AST_Type* t, const CxxTypeMapping& map, int depth, MinSizes& known)
 {
     AST_Type* r = CxxTypeMapping::resolved(t);
     if (!r || depth > max_depth)
         return 0;
+    if (const auto found = known.find(r); found != known.end())
+        return found->second;
+    const std::size_t n = min_size_of(r, map, depth, known);
+    known.emplace(r, n);
+    return n;
+}
+
+std::size_t min_size_of(AST_Type* r, const CxxTypeMapping& map, int depth, MinSizes& known)
+{
     switch (CxxTypeMapping::kind_of(r)) {
     case CxxTypeMapping::K_basic:
     case CxxTypeMapping::K_any:
@@ -154,24 +170,24 @@ std::size_t min_size_at(AST_Type* t, const CxxTypeMapping& map, int depth)
     }
     case CxxTypeMapping::K_array: {
         AST_Array* a = AST_Array::narrow_from_decl(r);
-        std::size_t n = min_size_at(a->base_type(), map, depth + 1);
+        std::size_t n = min_size_at(a->base_type(), map, depth + 1, known);
         for (unsigned long dim : a->dims())
             n = dim != 0 && n > size_cap / dim ? size_cap : capped(n * dim);
         return n;
     }
     case CxxTypeMapping::K_struct:
-        return fields_min_size(AST_Structure::narrow_from_decl(r)->fields(), map, depth);
+        return fields_min_size(AST_Structure::narrow_from_decl(r)->fields(), map, depth, known);
     case CxxTypeMapping::K_exception:
-        return capped(5 + fields_min_size(AST_Structure::narrow_from_decl(r)->fields(), map, depth));
+        return capped(5 + fields_min_size(AST_Structure::narrow_from_decl(r)->fields(), map, depth, known));
     case CxxTypeMapping::K_union: {
         AST_Union* u = AST_Union::narrow_from_decl(r);
-        const std::size_t disc = min_size_at(u->disc_type(), map, depth + 1);
+        const std::size_t disc = min_size_at(u->disc_type(), map, depth + 1, known);
         // A discriminator value that no label names selects no member.
         if (!has_default_branch(u) && !VE_HH_MainStartPoint_Union::unused_discriminator(u, map).empty())
             return disc;
         std::size_t least = size_cap;
         for (AST_UnionBranch* b : u->branches())
-            least = std::min(least, min_size_at(b->field_type(), map, depth + 1));
+            least = std::min(least, min_size_at(b->field_type(), map, depth + 1, known));
         return capped(disc + (u->branches().empty() ? 0 : least));
     }
     default: return 0;
@@ -180,7 +196,7 @@ std::size_t min_size_at(AST_Type* t, const CxxTypeMapping& map, int depth)
 
 } // namespace
 
-std::size_t CxxMarshalWriter::min_size(AST_Type* t) const { return min_size_at(t, m_map, 0); }
+std::size_t CxxMarshalWriter::min_size(AST_Type* t) const { return min_size_at(t, m_map, 0, m_min_sizes); }
 
 bool CxxMarshalWriter::is_sequence_class(AST_Typedef* td)
 {

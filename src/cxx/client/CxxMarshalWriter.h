@@ -24,6 +24,7 @@
 
 #include <cstddef>
 #include <string>
+#include <unordered_map>
 
 class AST_Enum;
 class AST_Exception;
@@ -79,6 +80,8 @@ private:
 
     const CxxTypeMapping& m_map;
     NameResolver& m_resolver;
+    // Least sizes worked out so far, by resolved type.
+    mutable std::unordered_map<const AST_Type*, std::size_t> m_min_sizes;
 };
 
 #endif
