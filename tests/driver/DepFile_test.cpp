@@ -61,6 +61,8 @@ TEST_F(DepFileTest, RulesHaveGccForm)
         {{"-MD", "-poa:-Ohout/:-Ocout/", "a.idl"}, "out/a.d", "out/aS.hh out/aS.cxx: a.idl" + deps},
         {{"-MF", "x y.d", "-MT", "$(OUT) t", "-MQ", "$(OUT) t", "a.idl"}, "x y.d", "$(OUT) t $$(OUT)\\ t: a.idl" + deps},
         {{"-MD", "a.idl"}, "a.d", "a.d: a.idl" + deps},
+        // Backslashes before a blank are doubled, others stay.
+        {{"-MF", "q.d", "-MQ", "x\\ y\\z", "a.idl"}, "q.d", "x\\\\\\ y\\z: a.idl" + deps},
         {{"-MP", "-MF", "p.d", "-MT", "t", "b.idl"},
          "p.d",
          "t: b.idl \\\n in\\ dir/b.idl \\\n in\\ dir/c\\#$$.idl \\\n " + idl_dir + "/orb.idl \\\n " + idl_dir +
