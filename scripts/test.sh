@@ -13,8 +13,10 @@ JOBS=2
 # Debian packages the build and the tests need; the IDL files of
 # omniorb-idl are the input of the front end's corpus test; omniORB (library,
 # IDL compiler, tools, naming service) is the peer of the interoperability
-# tests.
-PACKAGES=(cmake g++ make libgtest-dev omniorb-idl libomniorb4-dev omniidl omniorb omniorb-nameserver)
+# tests; Ninja, man and pkg-config serve the test of the installed tree
+# (a user's CMake project built with Ninja, the manual page, the .pc file).
+PACKAGES=(cmake g++ make libgtest-dev omniorb-idl libomniorb4-dev omniidl omniorb omniorb-nameserver
+    ninja-build man-db pkgconf)
 
 install_missing_packages() {
     local missing=()
