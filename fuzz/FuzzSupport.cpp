@@ -26,6 +26,8 @@ IDL_FrontendOptions frontend_options()
 {
     IDL_FrontendOptions options;
     options.include_dirs.push_back(FUZZ_INCLUDE_DIR);
+    // Searched last, as yvidl searches its own IDL directory.
+    options.include_dirs.push_back(FUZZ_IDL_DIR);
     return options;
 }
 

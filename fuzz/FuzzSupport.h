@@ -23,7 +23,8 @@ struct ExitCalled {
 };
 
 // The front end's options for a run: the include directory of the fuzz
-// inputs (FUZZ_INCLUDE_DIR) and the default limits.
+// inputs (FUZZ_INCLUDE_DIR), the compiler's IDL directory (FUZZ_IDL_DIR)
+// and the default limits.
 IDL_FrontendOptions frontend_options();
 
 // The input as text.

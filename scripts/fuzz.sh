@@ -15,6 +15,9 @@
 # they are missing.
 set -euo pipefail
 
+# All in one block, read before it runs: a campaign takes hours, and the
+# script may be edited meanwhile.
+{
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 SECONDS_PER_TARGET=60
@@ -57,7 +60,7 @@ cmake --build --preset fuzz -j "$JOBS" --target "${TARGETS[@]/#/fuzz_}"
 # Absolute paths: the pipeline target works in a directory of its own.
 BUILD=$(pwd)/build-fuzz
 DICT=$(pwd)/fuzz/idl.dict
-SEEDS=$(find examples tests fuzz/include -name '*.idl' -not -path '*/build*' | sort)
+SEEDS=$(find examples idl tests fuzz/include -name '*.idl' -not -path '*/build*' | sort)
 status=0
 for target in "${TARGETS[@]}"; do
     corpus=$BUILD/corpus/$target
@@ -84,3 +87,4 @@ for target in "${TARGETS[@]}"; do
     grep -E "^stat::|Done [0-9]+ runs|ERROR|SUMMARY" "$BUILD/fuzz-$target.log" || true
 done
 exit $status
+}
