@@ -9,8 +9,9 @@
 
 namespace yvfuzz {
 
-// Switches both back ends understand (the POA back end hands -x names it
-// does not know to the base).
+// Both back ends get the same switches. The base warns about those only the
+// POA back end knows (-xTIE, -xColocPOA, -p2) and goes on, as it does on
+// yvidl's command line.
 inline const char* const kSwitches[8] = {"-xTIE",        "-xAMICallbacks",  "-xNoNamespaces", "-xColocPOA",
                                          "-xAMIPolling", "-xEnforceRaises", "-d",             "-p2"};
 
