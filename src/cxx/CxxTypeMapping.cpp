@@ -150,7 +150,25 @@ std::string CxxTypeMapping::scoped_name(AST_Decl* d) const
         m_resolver.output_name_in_scope_with_visitor(os, d, m_from, &plain, "::");
     else
         m_resolver.output_fully_scoped_name_with_visitor(os, d, &plain, "::");
-    return os_buf.str();
+    std::string name = os_buf.str();
+    if (!m_nested || !d->defined_in())
+        return name;
+    // The outermost component of a fully scoped name: a nested declaration
+    // of that name would capture it.
+    AST_Decl* outer = d;
+    for (AST_Decl* s = ScopeAsDecl(d->defined_in()); s && s->node_type() != AST_Decl::NT_root;
+         s = ScopeAsDecl(s->defined_in()))
+        outer = s;
+    if (!m_nested->count(m_resolver.local_name(outer)))
+        return name;
+    if (m_from) {
+        YV_ScratchStream full_buf;
+        DefaultOutputVisitor full_plain(full_buf.stream(), m_resolver);
+        m_resolver.output_fully_scoped_name_with_visitor(full_buf.stream(), d, &full_plain, "::");
+        if (full_buf.str() != name)
+            return name;  // relative to an enclosing scope: the nearest already
+    }
+    return "::" + name;
 }
 
 std::string CxxTypeMapping::scope_prefix(AST_Decl* d) const

@@ -13,6 +13,7 @@
 #include "AST_Argument.h"
 #include "AST_PredefinedType.h"
 
+#include <set>
 #include <string>
 
 class AST_Array;
@@ -52,6 +53,11 @@ public:
     enum Mode { M_in, M_inout, M_out, M_return };
 
     CxxTypeMapping(NameResolver& resolver, UTL_Scope* from) : m_resolver(resolver), m_from(from) {}
+    // Fully scoped names (no `from` scope) whose outermost component is in
+    // `nested` are written with a leading "::", so that a nested
+    // declaration of that name cannot capture them. The set must outlive
+    // the mapping.
+    void qualify_against(const std::set<std::string>* nested) { m_nested = nested; }
 
     // The type at the end of a typedef chain, with a forward declaration
     // replaced by its definition when there is one.
@@ -140,6 +146,7 @@ private:
 
     NameResolver& m_resolver;
     UTL_Scope* m_from;
+    const std::set<std::string>* m_nested = nullptr;
 };
 
 #endif

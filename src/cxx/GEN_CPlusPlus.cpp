@@ -2,6 +2,7 @@
 
 #include "CPPResolver.h"
 #include "CxxRuntimeNames.h"
+#include "AST_Root.h"
 #include "IDL_GlobalData.h"
 #include "UTL_ArgParser.h"
 #include "Visitor.h"
@@ -27,6 +28,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -188,9 +190,28 @@ const char* GEN_CPlusPlus::plugin_name() const { return "Cxx"; }
 void GEN_CPlusPlus::generate_client()
 {
     m_companions_done.clear();
+    m_nested_names.clear();
+    m_nested_names_known = false;
     setFileStrings();
+    // Cleared again by an error that ends the run, as on success.
+    struct Writing {
+        bool& flag;
+        ~Writing() { flag = false; }
+    } writing{m_writing_client};
+    m_writing_client = true;
     generate_hh();
     generate_cxx();
+}
+
+const std::set<std::string>* GEN_CPlusPlus::capture_guard()
+{
+    return m_writing_client ? &nested_names() : nullptr;
+}
+
+const std::set<std::string>* capture_guard_of(CodeGenerator* gen)
+{
+    auto* cxx = gen ? static_cast<GEN_CPlusPlus*>(gen->narrow(&GEN_CPlusPlus::_narrow_tag)) : nullptr;
+    return cxx ? cxx->capture_guard() : nullptr;
 }
 
 void GEN_CPlusPlus::generate_hh()
@@ -286,13 +307,26 @@ void GEN_CPlusPlus::outputIncludedIDL(std::ostream& os)
     if (!data)
         return;
     for (const IDL_IncludedFile& f : data->included_files()) {
-        YV_String name(f.name.str());
-        const std::size_t at = name.rfind(".idl");
-        if (at == YV_String::npos)
+        // A file included inside a module body is written out in place.
+        if (f.in_body)
             continue;
+        // "x.idl", "x.pidl" or "x": the header is x with the header
+        // extension. An included C/C++ header has no header of its own.
+        const std::string& written = f.name.str();
+        if (written.size() < 3)
+            continue;
+        std::string file = written.substr(1, written.size() - 2);
+        const std::size_t dot = file.rfind('.');
+        const std::size_t slash = file.rfind('/');
+        if (dot != std::string::npos && (slash == std::string::npos || dot > slash)) {
+            static const std::set<std::string> cxx_headers{"h", "hh", "hpp", "hxx", "H"};
+            if (cxx_headers.count(file.substr(dot + 1)))
+                continue;
+            file.erase(dot);
+        }
         const YV_String& ext = f.flag ? m_standard_header_ext : m_header_ext;
-        name.replace(at, 4, ext.contains(".") ? ext.str() : "." + ext.str());
-        os << "#include " << name << "\n";
+        os << "#include " << written.front() << file << (ext.contains(".") ? ext.str() : "." + ext.str())
+           << written.back() << "\n";
     }
 }
 
@@ -383,6 +417,29 @@ YV_String GEN_CPlusPlus::make_legal_alpha_numeric_var(const YV_String& text)
     if (!out.empty() && std::isdigit(static_cast<unsigned char>(out[0])))
         out.insert(0, "_");
     return out;
+}
+
+namespace {
+
+void collect_nested_names(UTL_Scope* s, bool nested, NameResolver& resolver, std::set<std::string>& out)
+{
+    for (const auto& d : s->decls()) {
+        if (nested)
+            out.insert(resolver.local_name(d.get()));
+        if (UTL_Scope* inner = DeclAsScope(d.get()))
+            collect_nested_names(inner, true, resolver, out);
+    }
+}
+
+} // namespace
+
+const std::set<std::string>& GEN_CPlusPlus::nested_names()
+{
+    if (!m_nested_names_known && global_data() && name_resolver()) {
+        collect_nested_names(global_data()->root(), false, *name_resolver(), m_nested_names);
+        m_nested_names_known = true;
+    }
+    return m_nested_names;
 }
 
 void GEN_CPlusPlus::generate(IDL_GlobalData* data, const char* options)

@@ -9,6 +9,7 @@
 
 #include <iosfwd>
 #include <set>
+#include <string>
 
 class AST_Decl;
 
@@ -109,6 +110,15 @@ public:
     const YV_String& include_prefix() const { return m_include_prefix; }
     const YV_String& declspec_name() const { return m_declspec_name; }
 
+    // The C++ names of every declaration nested in another (not at file
+    // scope) in the tree of this run. A fully scoped client name whose
+    // outermost component is one of them could be captured by that nearer
+    // declaration where it is written, so it gets a leading "::".
+    const std::set<std::string>& nested_names();
+    // While the client files are written: nested_names(); otherwise (the
+    // skeleton plug-ins' text, whose names are fixed) null.
+    const std::set<std::string>* capture_guard();
+
 protected:
     // File naming (extensions are held without a leading '.').
     YV_String m_header_ext;            // default "hh"
@@ -139,6 +149,12 @@ protected:
 
     // Named types whose companions are written (first_companions).
     std::set<const AST_Decl*> m_companions_done;
+    std::set<std::string> m_nested_names;
+    bool m_nested_names_known = false;
+    bool m_writing_client = false;
 };
+
+// The capture guard of `gen` when it is a C++ generator, else null.
+const std::set<std::string>* capture_guard_of(CodeGenerator* gen);
 
 #endif

@@ -4,6 +4,7 @@
 #include "CxxMemberDeclaration.h"
 #include "CxxNaming.h"
 #include "CxxTypeMapping.h"
+#include "GEN_CPlusPlus.h"
 #include "NameResolver.h"
 
 #include <ostream>
@@ -31,6 +32,7 @@ long VE_HH_AttrDecl::visit(AST_Decl* d)
 void VE_HH_AttrDecl::output_get(AST_Attribute* a)
 {
     CxxTypeMapping map(resolver(), visitor()->scope());
+    map.qualify_against(capture_guard_of(visitor()->generator()));
     CxxMemberDeclaration decl(map.param(a->field_type(), CxxTypeMapping::M_return), resolver().local_name(a));
     if (m_output_visitor)
         decl.set_name_writer([this, a](std::ostream&) { a->accept(m_output_visitor); });
@@ -40,6 +42,7 @@ void VE_HH_AttrDecl::output_get(AST_Attribute* a)
 void VE_HH_AttrDecl::output_set(AST_Attribute* a)
 {
     CxxTypeMapping map(resolver(), visitor()->scope());
+    map.qualify_against(capture_guard_of(visitor()->generator()));
     const std::string name = resolver().local_name(a);
     CxxMemberDeclaration decl("void", name);
     if (m_output_visitor)

@@ -5,6 +5,7 @@
 #include "CxxMemberDeclaration.h"
 #include "CxxNaming.h"
 #include "CxxTypeMapping.h"
+#include "GEN_CPlusPlus.h"
 #include "NameResolver.h"
 
 
@@ -22,6 +23,7 @@ long VE_HH_OpDecl::visit(AST_Decl* d)
         throw Visitor_i::NarrowFailure(visitor(), d);
 
     CxxTypeMapping map(resolver(), visitor()->scope());
+    map.qualify_against(capture_guard_of(visitor()->generator()));
     CxxMemberDeclaration decl(map.param(op->return_type(), CxxTypeMapping::M_return), resolver().local_name(op));
     if (m_output_visitor)
         decl.set_name_writer([this, op](std::ostream&) { op->accept(m_output_visitor); });

@@ -30,7 +30,7 @@ protected:
     virtual long visit_type(AST_Type* t) = 0;
 
     // The type mapping as seen from the visitor's current scope.
-    CxxTypeMapping mapping() const { return CxxTypeMapping(resolver(), scope()); }
+    CxxTypeMapping mapping() const;
     // A writer on the visitor's stream and indentation, at the start of a
     // line.
     CxxPrinter printer() { return CxxPrinter(stream(), indent()); }

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -76,6 +77,42 @@ TEST(ClientHeaderTest, GoldenScenarios)
         const std::string text = "==== header\n" + r.hh + "==== source\n" + r.cxx;
         const std::string diff = yvtest::compare_golden(data_path("golden/" + std::string(s.golden)), text);
         EXPECT_EQ(diff, "");
+    }
+}
+
+// IDL as other projects write it: lines the header must hold and lines it
+// must not (the compile test builds the same files).
+struct RealWorldCase {
+    const char* file;
+    std::vector<std::string> present;
+    std::vector<std::string> absent;
+};
+
+const RealWorldCase real_world[] = {
+    {"peers_accept.idl",
+     {"const CORBA::Char NoChar = '\\000';", "public virtual PeersAccept::Base"},
+     {}},
+    {"pidl_include.idl", {"#include \"shared_types.hh\"\n"}, {}},
+    // Declarations of a file included inside a module body stand there;
+    // no header is included for it.
+    {"body_include.idl", {"    typedef CORBA::Long Ticks;\n", "        Clock::Ticks from;\n"}, {"module_body"}},
+    // A long parameter must not become the string T that Base declares.
+    {"nearer_names.idl",
+     {"        ::T value\n", "    virtual ::T\n", "                ::dds::Sample outer;\n"},
+     {"        T value\n", " dds::Sample outer"}},
+};
+
+TEST(ClientHeaderTest, RealWorldCases)
+{
+    for (const RealWorldCase& c : real_world) {
+        SCOPED_TRACE(c.file);
+        const ClientRun r = run_client(c.file);
+        ASSERT_TRUE(r.parsed);
+        EXPECT_EQ(r.err, "");
+        for (const std::string& line : c.present)
+            EXPECT_NE(r.hh.find(line), std::string::npos) << "missing: " << line;
+        for (const std::string& line : c.absent)
+            EXPECT_EQ(r.hh.find(line), std::string::npos) << "present: " << line;
     }
 }
 

@@ -14,6 +14,8 @@ CxxClientText::CxxClientText(VIS_Cxx* v)
                            : nullptr),
       m_map(v->resolver(), nullptr)
 {
+    if (m_gen)
+        m_map.qualify_against(m_gen->capture_guard());
 }
 
 std::string CxxClientText::local(AST_Decl* d) const { return m_resolver.local_name(d); }

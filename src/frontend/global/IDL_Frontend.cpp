@@ -9,6 +9,7 @@
 #include "idl_msg_header.h"
 
 #include <ostream>
+#include <set>
 
 namespace {
 
@@ -18,6 +19,7 @@ std::unique_ptr<IDL_GlobalData> build(const PP_Result& pp, bool pp_ok, long erro
                                       const std::string& main_file, const IDL_FrontendOptions& options)
 {
     auto root = std::make_unique<AST_Root>();
+    std::set<std::string> scoped_includes;
     if (pp_ok) {
         IDL_Lexer lexer(pp.text, main_file);
         lexer.run();
@@ -26,12 +28,13 @@ std::unique_ptr<IDL_GlobalData> build(const PP_Result& pp, bool pp_ok, long erro
         IDL_Parser parser(lexer, root.get(), names, ids, options.limits);
         parser.parse();
         ids.assign();
+        scoped_includes = parser.scoped_includes();
     }
     if (!pp_ok || idl_error_count() != errors_before)
         return nullptr;
     auto gd = std::make_unique<IDL_GlobalData>(std::move(root), main_file, options.prog_name);
     for (const PP_Include& inc : pp.includes)
-        gd->add_included_file(inc.written, inc.flag);
+        gd->add_included_file(inc.written, inc.flag, scoped_includes.count(inc.path) != 0);
     gd->set_files_read(pp.files);
     return gd;
 }

@@ -20,6 +20,9 @@ struct IDL_IncludedFile {
     // IDL file, whose generated headers keep the standard extension),
     // 0 when it names it between double quotes.
     long flag;
+    // True when the directive stands inside a body (a module's): the file's
+    // declarations are then part of the main file where it stands.
+    bool in_body = false;
 };
 
 class IDL_GlobalData {
@@ -41,7 +44,7 @@ public:
     // once. (Files they include in turn are not listed.)
     const std::vector<IDL_IncludedFile>& included_files() const { return m_included; }
     long n_included_files() const { return static_cast<long>(m_included.size()); }
-    void add_included_file(std::string written_name, long flag);
+    void add_included_file(std::string written_name, long flag, bool in_body = false);
 
     // Every file read to build the tree: the main file, then the files
     // included at any depth, each once, as found (for dependency files).

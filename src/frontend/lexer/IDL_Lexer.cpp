@@ -565,10 +565,6 @@ void IDL_Lexer::char_literal(bool wide)
         error_at(start, IDL_Diag::LEX_BAD_CHAR_LITERAL, {});
         ok = false;
     }
-    if (ok && lit.code == 0) {
-        error_at(start, IDL_Diag::LEX_NUL_IN_LITERAL, {});
-        ok = false;
-    }
     if (wide)
         append_utf8(lit.text, lit.code);
     else

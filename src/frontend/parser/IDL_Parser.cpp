@@ -50,6 +50,14 @@ const char* const kExport = "a type, constant, exception, attribute or operation
 
 using EV = AST_Expression;
 
+// A base named through a typedef is the type the typedef stands for.
+AST_Decl* unaliased(AST_Decl* d)
+{
+    if (AST_Typedef* td = AST_Typedef::narrow_from_decl(d))
+        return td->primitive_base_type();
+    return d;
+}
+
 // Component-model constructs this compiler does not accept, by the word
 // that starts them.
 const char* unsupported_construct(std::string_view word)
@@ -154,6 +162,24 @@ void IDL_Parser::parse()
         return;
     }
     undefined_forwards(m_root);
+    adopt_included_members(m_root);
+}
+
+void IDL_Parser::adopt_included_members(UTL_Scope* s)
+{
+    // What an #include brings into a body of the main file is written out
+    // with that body: it belongs to the main file.
+    AST_Decl* self = ScopeAsDecl(s);
+    const bool adopt = self && self->node_type() != AST_Decl::NT_root && self->in_main_file();
+    for (const auto& d : s->local_types())
+        if (adopt)
+            d->set_in_main_file(1);
+    for (const auto& d : s->decls()) {
+        if (adopt)
+            d->set_in_main_file(1);
+        if (UTL_Scope* inner = DeclAsScope(d.get()))
+            adopt_included_members(inner);
+    }
 }
 
 void IDL_Parser::undefined_forwards(UTL_Scope* s)
@@ -276,8 +302,20 @@ void IDL_Parser::handle_directives(UTL_Scope* s)
         const IDL_Directive& d = dirs[m_next_directive++];
         switch (d.kind) {
         case IDL_Directive::Prefix: m_ids.set_prefix(d.arg, depth_of(s)); break;
-        case IDL_Directive::FileEnter: m_ids.enter_file(); break;
-        case IDL_Directive::FileLeave: m_ids.leave_file(); break;
+        case IDL_Directive::FileEnter:
+            // The main file's own opening marker opens no included file.
+            if (d.loc.file != m_lexer.file(m_lexer.main_file()).get() && m_file_depth++ == 0 && depth_of(s) > 0)
+                m_scoped_includes.insert(d.name);
+            m_ids.enter_file();
+            break;
+        case IDL_Directive::FileLeave:
+            // Back in the main file: no included file is open.
+            if (d.loc.file == m_lexer.file(m_lexer.main_file()).get())
+                m_file_depth = 0;
+            else if (m_file_depth > 0)
+                --m_file_depth;
+            m_ids.leave_file();
+            break;
         case IDL_Directive::Id:
         case IDL_Directive::Version: {
             IDL_ScopedName n = parse_name_text(d.name, d.loc);
@@ -597,7 +635,7 @@ std::vector<AST_Interface*> IDL_Parser::interface_bases(UTL_Scope* s, const std:
     std::unordered_set<AST_Decl*> named;
     do {
         IDL_ScopedName n = scoped_name();
-        AST_Decl* d = resolve(s, n);
+        AST_Decl* d = unaliased(resolve(s, n));
         if (!d)
             continue;
         auto report = [&](IDL_Diag id) {
@@ -680,7 +718,7 @@ void IDL_Parser::value_dcl(UTL_Scope* s, bool is_abstract, bool is_custom)
         truncatable = accept(IDL_Tok::KwTruncatable);
         do {
             IDL_ScopedName sn = scoped_name();
-            AST_Decl* d = resolve(s, sn);
+            AST_Decl* d = unaliased(resolve(s, sn));
             if (!d)
                 continue;
             auto* b = AST_Value::narrow_from_decl(d);
@@ -698,7 +736,7 @@ void IDL_Parser::value_dcl(UTL_Scope* s, bool is_abstract, bool is_custom)
     if (accept(IDL_Tok::KwSupports)) {
         do {
             IDL_ScopedName sn = scoped_name();
-            AST_Decl* d = resolve(s, sn);
+            AST_Decl* d = unaliased(resolve(s, sn));
             if (!d)
                 continue;
             auto* b = AST_Interface::narrow_from_decl(d);

@@ -20,6 +20,7 @@
 #include "IDL_ScopedName.h"
 
 #include <memory>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -48,6 +49,10 @@ public:
 
     // Parses every token into the root.
     void parse();
+    // Files the main file includes inside a declaration's body (a module's,
+    // mostly), as the line markers name them: their declarations are part
+    // of the main file's text where the #include stands.
+    const std::set<std::string>& scoped_includes() const { return m_scoped_includes; }
 
 private:
     // A type as written, with the anonymous type nodes the writing made
@@ -89,6 +94,7 @@ private:
 
     // Reports forward-declared structures and unions left undefined.
     void undefined_forwards(UTL_Scope* s);
+    void adopt_included_members(UTL_Scope* s);
 
     // Building.
     void set_position(AST_Decl* d, const IDL_Token& t) const;
@@ -180,6 +186,9 @@ private:
     std::vector<IDL_Token> m_tokens;
     std::size_t m_pos = 0;
     std::size_t m_next_directive = 0;
+    // Included files open at the current token (0: the main file).
+    std::size_t m_file_depth = 0;
+    std::set<std::string> m_scoped_includes;
     AST_Root* m_root;
     IDL_Names& m_names;
     IDL_RepoIds& m_ids;

@@ -880,22 +880,25 @@ void IDL_Preprocessor::do_include(Frame& f, const PP_Token& hash)
         error(IDL_Diag::PP_INCLUDE_EMPTY, hash.line, hash.col);
         return;
     }
-    if (m_frames.size() == 1 && !f.silent) {
-        std::string written = angle ? "<" + name + ">" : "\"" + name + "\"";
-        auto same = [&](const PP_Include& i) { return i.written == written; };
-        if (std::none_of(m_result->includes.begin(), m_result->includes.end(), same))
-            m_result->includes.push_back(PP_Include{std::move(written), angle ? 1L : 0L});
+    if (m_frames.size() != 1 || f.silent) {
+        include_file(f, name, angle, hash);
+        return;
     }
-    include_file(f, name, angle, hash);
+    std::string written = angle ? "<" + name + ">" : "\"" + name + "\"";
+    auto same = [&](const PP_Include& i) { return i.written == written; };
+    const bool listed = std::any_of(m_result->includes.begin(), m_result->includes.end(), same);
+    std::string path = include_file(f, name, angle, hash);
+    if (!listed)
+        m_result->includes.push_back(PP_Include{std::move(written), angle ? 1L : 0L, std::move(path)});
 }
 
-void IDL_Preprocessor::include_file(Frame& f, const std::string& name, bool angle, const PP_Token& where)
+std::string IDL_Preprocessor::include_file(Frame& f, const std::string& name, bool angle, const PP_Token& where)
 {
     const IDL_Limits& limits = m_options.limits;
     if (m_frames.size() >= limits.include_depth) {
         error(IDL_Diag::PP_INCLUDE_TOO_DEEP, where.line, where.col,
               {std::to_string(limits.include_depth), IDL_Limits::option_of(&IDL_Limits::include_depth)});
-        return;
+        return {};
     }
     std::vector<std::string> candidates;
     if (name[0] == '/') {
@@ -916,43 +919,41 @@ void IDL_Preprocessor::include_file(Frame& f, const std::string& name, bool angl
         }
         if (status == PP_FileCache::Status::Unreadable) {
             error(IDL_Diag::FILE_CANNOT_OPEN, where.line, where.col, {candidate});
-            return;
+            return path;
         }
         if (status == PP_FileCache::Status::TooLarge) {
             limit_reached(IDL_Diag::PP_INPUT_TOO_LARGE, where.line, where.col, candidate, limits.preprocessed_size,
                           &IDL_Limits::preprocessed_size);
-            return;
+            return path;
         }
     }
     if (path.empty()) {
         error(IDL_Diag::PP_INCLUDE_NOT_FOUND, where.line, where.col, {name});
-        return;
+        return path;
     }
     if (m_listed.insert(entry).second)
         m_result->files.push_back(path);
     // Files known to add nothing are not read again.
     if (entry->once || (!entry->guard.empty() && m_macros.defined(entry->guard)))
-        return;
-    for (const auto& open : m_frames) {
-        if (open->entry != entry)
-            continue;
-        // Reading a file again from inside itself only ends when its guard
-        // is already defined.
-        const std::string_view guard = open->guard.open_guard();
-        if (guard.empty() || !m_macros.defined(guard)) {
-            error(IDL_Diag::PP_INCLUDE_CYCLE, where.line, where.col, {path});
-            return;
-        }
-        break;
+        return path;
+    // A file may be read again from inside itself: its second reading is
+    // usually cut short by a guard, wherever the guard stands. Only a third
+    // reading shows that nothing ends the recursion.
+    const auto open_readings = std::count_if(m_frames.begin(), m_frames.end(),
+                                             [&](const auto& open) { return open->entry == entry; });
+    if (open_readings >= 2) {
+        error(IDL_Diag::PP_INCLUDE_CYCLE, where.line, where.col, {path});
+        return path;
     }
     // Files that include others more than once without a guard multiply:
     // the number of inclusions is bounded, not only their depth.
     if (++m_inclusions > limits.includes) {
         limit_reached(IDL_Diag::PP_TOO_MANY_INCLUDES, where.line, where.col, std::string(), limits.includes,
                       &IDL_Limits::includes);
-        return;
+        return path;
     }
     enter(entry, path, dir_of(path), true, false);
+    return path;
 }
 
 void IDL_Preprocessor::do_line(Frame& f, const std::vector<PP_Token>& tokens, const PP_Token& hash,

@@ -116,7 +116,9 @@ private:
     void do_define(const PP_Token& hash);
     void do_undef(const PP_Token& hash);
     void do_include(Frame& f, const PP_Token& hash);
-    void include_file(Frame& f, const std::string& name, bool angle, const PP_Token& where);
+    // Reads the file an #include names; answers the path it was found as
+    // (empty when it was not found).
+    std::string include_file(Frame& f, const std::string& name, bool angle, const PP_Token& where);
     void do_line(Frame& f, const std::vector<PP_Token>& tokens, const PP_Token& hash, bool marker_form);
     void do_diagnostic(Frame& f, const PP_Token& hash, bool is_error);
     void do_pragma(Frame& f, const PP_Token& hash, Mode mode);

@@ -40,8 +40,6 @@ public:
         if (depth == 0 && m_state == Open)
             m_state = Closed;
     }
-    // While the file is inside its guard group: the guard macro.
-    std::string_view open_guard() const { return m_state == Open ? std::string_view(m_macro) : std::string_view(); }
     // The guard macro once the whole file has been read, or empty.
     std::string result() const { return m_state == Closed ? m_macro : std::string(); }
 

@@ -10,6 +10,9 @@ struct PP_Include {
     std::string written;
     // 1 for <...>, 0 for "...".
     long flag = 0;
+    // The file it was found as (its line markers name it so); empty when
+    // it was not found.
+    std::string path;
 };
 
 #endif

@@ -7,7 +7,8 @@
 # <config> is one of plain, tie, ami, raises, rtti. The set is every file of
 # the installed IDL corpus that the front end accepts (the files its corpus
 # test lists as rejected are left out), every IDL file under examples/, and
-# the IDL inputs of the tests. Each group of files is generated into a
+# the IDL inputs of the tests (also those named *.pidl, which other IDL
+# includes). Each group of files is generated into a
 # directory of its own that mirrors the group's include directories, so that
 # the include lines of generated headers find the headers of included files;
 # then every generated .cxx file is compiled with
@@ -99,7 +100,7 @@ generate() {
                 tie_files+=$("$yvidl" "${incs[@]}" -E "$f" 2>/dev/null |
                     sed -n 's/^# [0-9]* "\(.*\)" 1$/\1/p' | grep -vx "$f")$'\n'
             fi
-        done < <(find "$root" -name '*.idl' | LC_ALL=C sort)
+        done < <(find "$root" \( -name '*.idl' -o -name '*.pidl' \) | LC_ALL=C sort)
     fi
     while IFS= read -r f; do
         rel=${f#"$root"/}
@@ -147,11 +148,11 @@ generate() {
             failures=$((failures + 1))
             continue
         fi
-        local base=${rel%.idl}
+        local base=${rel%.*}
         for g in "$out/$(basename "$base").cxx" "$out/$(basename "$base")S.cxx"; do
             [ -f "$g" ] && printf '%s\n' "$g" >> "$compiled_list"
         done
-    done < <(find "$root" -name '*.idl' | LC_ALL=C sort)
+    done < <(find "$root" \( -name '*.idl' -o -name '*.pidl' \) | LC_ALL=C sort)
     for d in "$@"; do
         printf -- '-I%s\n' "$work/$group/${d#"$root"}" >> "$work/$group.includes"
     done
