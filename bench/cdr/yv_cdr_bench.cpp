@@ -3,15 +3,15 @@
 //
 //   yv_cdr_bench [--rounds N] [--omniorb PATH]
 //
-// Times this runtime's Marshal<> on the sequence, then runs the omniORB
-// side (yv_cdr_bench_omniorb beside this program, or PATH: the same records
-// through omniidl's marshaling and cdrMemoryStream) as a child process in the
-// same run, and prints both rates and their ratio. The two sides live in two
+// Times the marshaling `yvidl -base` writes for Record.idl, then runs the
+// omniORB side (yv_cdr_bench_omniorb beside this program, or PATH: the same
+// records through omniidl's marshaling and cdrMemoryStream) as a child
+// process in the same run, and prints both rates and their ratio. The two sides live in two
 // processes because both ORBs define the CORBA namespace. Exits non-zero
 // when the two sides wrote different octets.
 #include "CdrBenchData.h"
 
-#include <zantic_sys/yvcxx.h>
+#include "Record.hh"
 
 #include <algorithm>
 #include <chrono>
@@ -20,36 +20,6 @@
 #include <cstring>
 #include <filesystem>
 #include <string>
-
-namespace Bench {
-
-struct Record {
-    CORBA::Long id;
-    CORBA::String_var name;
-    YV_Cxx::UnboundedSequence<CORBA::Double> values;
-};
-typedef YV_Cxx::UnboundedSequence<Record> Records;
-
-} // namespace Bench
-
-// Written by hand the way the client generator writes the marshaling of a
-// structure (declared after the header's declarations, members in order).
-template <>
-struct YV_Cxx::Marshal<Bench::Record> {
-    static constexpr std::size_t min_size = 4 + 5 + 4;
-    static void write(YV_CDR::OutputStream& out, const Bench::Record& v)
-    {
-        YV_Cxx::Marshal<CORBA::Long>::write(out, v.id);
-        YV_Cxx::Marshal<CORBA::String_var>::write(out, v.name);
-        YV_Cxx::Marshal<YV_Cxx::UnboundedSequence<CORBA::Double>>::write(out, v.values);
-    }
-    static void read(YV_CDR::InputStream& in, Bench::Record& v)
-    {
-        YV_Cxx::Marshal<CORBA::Long>::read(in, v.id);
-        YV_Cxx::Marshal<CORBA::String_var>::read(in, v.name);
-        YV_Cxx::Marshal<YV_Cxx::UnboundedSequence<CORBA::Double>>::read(in, v.values);
-    }
-};
 
 namespace {
 

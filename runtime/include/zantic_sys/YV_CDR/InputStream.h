@@ -194,11 +194,16 @@ private:
         m_cur += n;
         return p;
     }
+    // The padding and the value checked against the octets left at once.
     template <class U>
     U get()
     {
-        align(sizeof(U));
-        return load<U>(take(sizeof(U)), m_little != native_little_endian);
+        const std::size_t pad = (sizeof(U) - ((offset() + m_phase) & (sizeof(U) - 1))) & (sizeof(U) - 1);
+        if (pad + sizeof(U) > remaining())
+            fail(minor_end_of_data);
+        const unsigned char* p = m_cur + pad;
+        m_cur = p + sizeof(U);
+        return load<U>(p, m_little != native_little_endian);
     }
 
     const unsigned char* m_begin;

@@ -176,11 +176,13 @@ public:
     unsigned char* grow_aligned(std::size_t n, std::size_t align)
     {
         const std::size_t pad = (align - ((m_size - m_base) & (align - 1))) & (align - 1);
-        if (m_cap - m_size < pad + n)
-            reserve_more(pad + n);
+        // Room for 8 octets more than needed: the padding (at most 7
+        // octets) is zeroed by one 8-octet store, whose tail the value
+        // overwrites or that lies beyond the data.
+        if (m_cap - m_size < n + 8)
+            reserve_more(n + 8);
         unsigned char* p = m_buf + m_size;
-        for (std::size_t i = 0; i < pad; ++i)
-            p[i] = 0;
+        std::memset(p, 0, 8);
         m_size += pad + n;
         return p + pad;
     }
