@@ -225,6 +225,140 @@ TEST(GeneratedMarshal, UnionsCarryTheirDiscriminatorAndActiveMember)
     EXPECT_FALSE(round_trip(only)._d());
 }
 
+// Discriminators of every other integer type and of wchar, with labels at
+// the ends of their ranges.
+TEST(GeneratedMarshal, UnionsOfEveryDiscriminatorType)
+{
+    Wire::ByShort s;
+    Wire::Flats flats = {some_flat(), some_flat()};
+    s.flats(flats);
+    EXPECT_EQ(round_trip(s).flats()[1].m, Wire::Money("1234.56"));
+    s.wc(L'\x263a');
+    s._d(-32768);
+    const Wire::ByShort sb = round_trip(s);
+    EXPECT_EQ(sb._d(), -32768);
+    EXPECT_EQ(sb.wc(), L'\x263a');
+
+    Wire::ByUShort us;
+    us.top(0.125);
+    EXPECT_EQ(round_trip(us).top(), 0.125);
+    EXPECT_EQ(round_trip(us)._d(), 65535);
+
+    Wire::ByULong ul;
+    ul.big(-1);
+    EXPECT_EQ(round_trip(ul)._d(), 4000000000U);
+    ul.other("other");
+    ul._d(5);
+    EXPECT_STREQ(round_trip(ul).other(), "other");
+
+    Wire::ByLongLong ll;
+    ll.price(Wire::Price("-0.01"));
+    EXPECT_EQ(round_trip(ll)._d(), -5000000000LL);
+    EXPECT_EQ(round_trip(ll).price(), Wire::Price("-0.01"));
+    ll.tree(some_tree());
+    EXPECT_STREQ(round_trip(ll).tree().children[1].children[0].label.in(), "leaf");
+
+    Wire::ByULongLong ull;
+    ull.top(7);
+    EXPECT_EQ(round_trip(ull)._d(), 18000000000000000000ULL);
+    ull.chain(some_basics());
+    EXPECT_EQ(encode(round_trip(ull).chain()), encode(some_basics()));
+
+    Wire::ByWChar wc;
+    wc.alpha(L"\x3b1\x3b2");
+    EXPECT_EQ(round_trip(wc)._d(), L'a');
+    EXPECT_EQ(std::wstring(round_trip(wc).alpha()), L"\x3b1\x3b2");
+    wc.other(3);
+    wc._d(L'\x10348');
+    EXPECT_EQ(round_trip(wc)._d(), L'\x10348');
+}
+
+Wire::Collections some_collections()
+{
+    Wire::Collections c;
+    c.flats[0] = some_flat();
+    c.flats[1] = some_flat();
+    c.flats[1].m = Wire::Money("-0.5");
+    c.unions.length(2);
+    c.unions[0].s("first");
+    c.unions[1].l(4);
+    c.colors.length(3);
+    c.colors[2] = Wire::blue;
+    c.wide.length(2);
+    c.wide[1] = CORBA::wstring_dup(L"\x263a\x10348");
+    c.wchars.length(2);
+    c.wchars[0] = L'\xe9';
+    c.wchars[1] = L'\x10348';
+    c.anys.length(2);
+    c.anys[0] <<= some_flat();
+    c.anys[1] <<= Wire::green;
+    c.prices.length(2);
+    c.prices[1] = Wire::Price("9999999.99");
+    c.grids.length(1);
+    c.grids[0][1][2] = -3;
+    c.bounded.length(2);
+    c.bounded[1].small = CORBA::Fixed("0.5");
+    c.price = Wire::Price("-9999999.99");
+    c.chain = some_basics();
+    return c;
+}
+
+TEST(GeneratedMarshal, ArraysAndSequencesOfEveryElementKindRoundTrip)
+{
+    const Wire::Collections c = round_trip(some_collections());
+    EXPECT_EQ(c.flats[0].g[1][2], 12);
+    EXPECT_EQ(c.flats[1].m, Wire::Money("-0.5"));
+    EXPECT_STREQ(c.unions[0].s(), "first");
+    EXPECT_EQ(c.unions[1].l(), 4);
+    EXPECT_EQ(c.colors[2], Wire::blue);
+    EXPECT_EQ(std::wstring(c.wide[1].in()), L"\x263a\x10348");
+    EXPECT_EQ(c.wchars[1], L'\x10348');
+    const Wire::Flat* flat = nullptr;
+    ASSERT_TRUE(c.anys[0] >>= flat);
+    EXPECT_EQ(flat->m, Wire::Money("1234.56"));
+    EXPECT_EQ(c.prices[1], Wire::Price("9999999.99"));
+    EXPECT_EQ(c.grids[0][1][2], -3);
+    EXPECT_EQ(c.bounded[1].small, CORBA::Fixed("0.5"));
+    EXPECT_EQ(c.price, Wire::Price("-9999999.99"));
+    EXPECT_EQ(c.chain.ull, 1ULL << 63);
+    round_trip(Wire::Collections());
+
+    // A fixed-point typedef writes its own digits: 9 digits in 5 octets.
+    EXPECT_EQ(encode(Wire::Price("1.5")), (Octets{0x00, 0x00, 0x00, 0x15, 0x0c}));
+}
+
+// Nil references and references read from a URL travel as their IORs.
+TEST(GeneratedMarshal, ReferencesRoundTrip)
+{
+    int argc = 0;
+    CORBA::ORB_var orb = CORBA::ORB_init(argc, nullptr);
+    CORBA::Object_var obj = orb->string_to_object("corbaloc::127.0.0.1:1/echo");
+    Wire::Refs r;
+    r.target = Wire::Echo::_unchecked_narrow(obj);
+    r.echoes.length(2);
+    r.echoes[1] = Wire::Echo::_duplicate(r.target);
+    const Wire::Refs back = round_trip(r);
+    ASSERT_FALSE(CORBA::is_nil(back.target));
+    EXPECT_TRUE(CORBA::is_nil(back.plain));
+    EXPECT_TRUE(CORBA::is_nil(back.echoes[0]));
+    EXPECT_TRUE(back.echoes[1]->_is_equivalent(obj));
+    round_trip(Wire::Refs());
+
+    CORBA::Any a;
+    a <<= r.target.in();
+    Wire::Echo_ptr echo = Wire::Echo::_nil();
+    CORBA::Any ea = any_round_trip(a);
+    ASSERT_TRUE(ea >>= echo);
+    EXPECT_TRUE(echo->_is_equivalent(obj));
+    Wire::Echo_ptr adopted = Wire::Echo::_duplicate(r.target);
+    a <<= &adopted;
+    EXPECT_TRUE(CORBA::is_nil(adopted));
+    CORBA::Any na = any_round_trip(a);
+    ASSERT_TRUE(na >>= echo);
+    EXPECT_TRUE(echo->_is_equivalent(obj));
+    orb->destroy();
+}
+
 // The octets themselves, against the CDR rules: the member after a char
 // discriminator is aligned on its own size.
 TEST(GeneratedMarshal, EncodingFollowsTheCdrLayout)
@@ -391,6 +525,75 @@ TEST(GeneratedAny, EveryKindTravelsThroughAnAny)
     EXPECT_EQ(p->cells[1][2], 7);
 }
 
+// The kinds the test above leaves out, each inserted by copy and by
+// adoption where the mapping has both, through CDR and back.
+TEST(GeneratedAny, OtherKindsTravelThroughAnAny)
+{
+    CORBA::Any a;
+    a <<= some_collections();
+    const Wire::Collections* c = nullptr;
+    CORBA::Any ca = any_round_trip(a);
+    ASSERT_TRUE(ca >>= c);
+    EXPECT_EQ(encode(*c), encode(some_collections()));
+
+    Wire::Flats flats = {some_flat(), some_flat()};
+    a <<= Wire::Flats_forany(flats);
+    Wire::Flats_forany ff;
+    CORBA::Any fa = any_round_trip(a);
+    ASSERT_TRUE(fa >>= ff);
+    EXPECT_EQ(ff[1].m, Wire::Money("1234.56"));
+
+    Wire::ByULongLong u;
+    u.chain(some_basics());
+    a <<= new Wire::ByULongLong(u);
+    const Wire::ByULongLong* ub = nullptr;
+    CORBA::Any ua = any_round_trip(a);
+    ASSERT_TRUE(ua >>= ub);
+    EXPECT_EQ(encode(*ub), encode(u));
+
+    Wire::ByWChar w;
+    w.alpha(L"\x10348");
+    a <<= w;
+    const Wire::ByWChar* wb = nullptr;
+    CORBA::Any wa = any_round_trip(a);
+    ASSERT_TRUE(wa >>= wb);
+    EXPECT_EQ(std::wstring(wb->alpha()), L"\x10348");
+
+    Wire::Texts t;
+    t.ws = CORBA::wstring_dup(L"\x263a");
+    t.bounded = "bounded";
+    a <<= new Wire::Texts(t);
+    const Wire::Texts* tb = nullptr;
+    CORBA::Any ta = any_round_trip(a);
+    ASSERT_TRUE(ta >>= tb);
+    EXPECT_EQ(encode(*tb), encode(t));
+
+    a <<= Wire::Empty();
+    const Wire::Empty* e = nullptr;
+    CORBA::Any eany = any_round_trip(a);
+    EXPECT_TRUE(eany >>= e);
+    const Wire::Problem* not_problem = nullptr;
+    EXPECT_FALSE(eany >>= not_problem);
+
+    // Extraction compares types by equivalence: a typedef chain of a
+    // structure extracts as the structure.
+    CORBA::Any chained;
+    chained <<= some_basics();
+    chained.type(Wire::_tc_BasicsChain);
+    const Wire::Basics* b = nullptr;
+    CORBA::Any ba = any_round_trip(chained);
+    ASSERT_TRUE(ba >>= b);
+    CORBA::TypeCode_var type = ba.type();
+    EXPECT_TRUE(type->equal(Wire::_tc_BasicsChain));
+
+    // A fixed-point typedef goes in with its digits and scale.
+    a <<= CORBA::Any::from_fixed(Wire::Price("12.5"), 9, 2);
+    CORBA::Any pa = any_round_trip(a);
+    CORBA::Fixed price;
+    ASSERT_TRUE(pa >>= CORBA::Any::to_fixed(price, 9, 2));
+    EXPECT_EQ(price, CORBA::Fixed("12.5"));
+}
+
 TEST(GeneratedTypeCode, StructuresListTheirMembers)
 {
     CORBA::TypeCode_ptr tc = Wire::_tc_Flat;
@@ -482,6 +685,21 @@ TEST(GeneratedTypeCode, AliasesKeepTheirChainAndRecursionIsACycle)
     CORBA::TypeCode_var seq = Wire::_tc_Longs->content_type();
     CORBA::TypeCode_var other = Wire::_tc_OtherLongs->content_type();
     EXPECT_TRUE(seq->equal(other));
+
+    // Typedef chains of a structure, a fixed-point type and an interface.
+    EXPECT_FALSE(Wire::_tc_BasicsChain->equal(Wire::_tc_BasicsAlias));
+    EXPECT_TRUE(Wire::_tc_BasicsChain->equivalent(Wire::_tc_Basics));
+    EXPECT_TRUE(Wire::_tc_Price->equivalent(Wire::_tc_Money));
+    CORBA::TypeCode_var money = Wire::_tc_Price->content_type();
+    EXPECT_TRUE(money->equal(Wire::_tc_Money));
+    EXPECT_TRUE(Wire::_tc_EchoAlias->equivalent(Wire::_tc_Echo));
+    EXPECT_FALSE(Wire::_tc_EchoAlias->equivalent(CORBA::_tc_Object));
+    CORBA::TypeCode_var digits = money->content_type();
+    EXPECT_EQ(digits->fixed_digits(), 9);
+    EXPECT_EQ(digits->fixed_scale(), 2);
+    CORBA::TypeCode_var flats = Wire::_tc_Flats->content_type();
+    CORBA::TypeCode_var flat = flats->content_type();
+    EXPECT_TRUE(flat->equal(Wire::_tc_Flat));
 
     CORBA::TypeCode_var children = Wire::_tc_Node->member_type(1);
     EXPECT_EQ(children->kind(), CORBA::tk_sequence);

@@ -21,7 +21,7 @@
 //   interface I (S = ObjRefStreamable<I>):
 //     void operator<<=(CORBA::Any& a, I_ptr v)        (duplicates v)
 //         { YV_Cxx::any_insert_copy<S>(a, _tc_I, v); }
-//     void operator<<=(CORBA::Any& a, I_ptr* v)       (takes *v over)
+//     void operator<<=(CORBA::Any& a, I_ptr* v)       (takes *v over, sets it nil)
 //         { YV_Cxx::any_insert_adopt<S>(a, _tc_I, v); }
 //     CORBA::Boolean operator>>=(const CORBA::Any& a, I_ptr& v)
 //         { return YV_Cxx::any_extract_value<S>(a, _tc_I, v); }
@@ -67,15 +67,18 @@ void any_insert_copy(CORBA::Any& a, CORBA::TypeCode_ptr tc, const T& v)
 }
 
 // The any takes `v` over: a value allocated with new (struct, union,
-// sequence, exception), or the reference that *v holds (I_ptr*).
+// sequence, exception), or the reference that *v holds (I_ptr*), which
+// is left nil so that the caller cannot release it twice.
 template <class S, class T>
 void any_insert_adopt(CORBA::Any& a, CORBA::TypeCode_ptr tc, T* v)
 {
     std::unique_ptr<S> s(new S());
-    if constexpr (std::is_same<AnySlot<S>, T*>::value)
+    if constexpr (std::is_same<AnySlot<S>, T*>::value) {
         s->extract() = v;
-    else
+    } else {
         s->extract() = *v;
+        *v = nullptr;
+    }
     a.yv_adopt(std::move(s), tc);
 }
 
