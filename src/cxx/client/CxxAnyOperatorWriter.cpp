@@ -66,7 +66,9 @@ bool CxxAnyOperatorWriter::has_operators(AST_Decl* d)
     case AST_Decl::NT_union:
     case AST_Decl::NT_except:
     case AST_Decl::NT_enum:
-    case AST_Decl::NT_interface: return true;
+    case AST_Decl::NT_interface:
+    case AST_Decl::NT_value:
+    case AST_Decl::NT_value_box: return true;
     case AST_Decl::NT_typedef: {
         AST_Typedef* td = AST_Typedef::narrow_from_decl(d);
         return CxxMarshalWriter::is_sequence_class(td) || CxxTypeMapping::kind_of(td) == CxxTypeMapping::K_array;
@@ -108,6 +110,16 @@ void CxxAnyOperatorWriter::write(CxxPrinter& p, AST_Decl* d, const std::string& 
         ops.push_back({insert + t + "_ptr _yvp_v)", call("any_insert_copy", s)});
         ops.push_back({insert + t + "_ptr* _yvp_v)", call("any_insert_adopt", s)});
         ops.push_back({extract + t + "_ptr& _yvp_v)", "return " + call("any_extract_value", s)});
+        break;
+    }
+    case AST_Decl::NT_value:
+    case AST_Decl::NT_value_box: {
+        // Insertion shares the instance (one reference more), the T** form
+        // takes the caller's over; extraction leaves it owned by the any.
+        const std::string s = "YV_Cxx::ValueStreamable<" + t + ">";
+        ops.push_back({insert + t + "* _yvp_v)", call("any_insert_shared", s)});
+        ops.push_back({insert + t + "** _yvp_v)", call("any_insert_adopt", s)});
+        ops.push_back({extract + t + "*& _yvp_v)", "return " + call("any_extract_value", s)});
         break;
     }
     case AST_Decl::NT_typedef:

@@ -15,6 +15,7 @@ long VE_CPP_MainStartPoint_Value::visit(AST_Decl* d)
     output_type_id(p, d);
     output_typecode(p, d);
     p.print("\n");
+    output_any_operators(p, d);
     if (AST_Value::narrow_from_decl(d))
         output_nested(d);
     return 1;

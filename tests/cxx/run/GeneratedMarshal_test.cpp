@@ -594,6 +594,29 @@ TEST(GeneratedAny, OtherKindsTravelThroughAnAny)
     EXPECT_EQ(price, CORBA::Fixed("12.5"));
 }
 
+// Copying insertion adds a reference, adopting takes the caller's over;
+// extraction lends the one the any holds.
+TEST(GeneratedAny, ValuesAreSharedByReference)
+{
+    Wire::Amount_var amount = new Wire::Amount(12);
+    CORBA::Any a;
+    a <<= amount.in();
+    EXPECT_EQ(amount->_refcount_value(), 2U);
+    Wire::Amount* out = nullptr;
+    ASSERT_TRUE(a >>= out);
+    EXPECT_EQ(out, amount.in());
+    Wire::Amount* adopted = new Wire::Amount(13);
+    a <<= &adopted;
+    EXPECT_EQ(adopted, nullptr);
+    EXPECT_EQ(amount->_refcount_value(), 1U);
+    ASSERT_TRUE(a >>= out);
+    EXPECT_EQ(out->_value(), 13);
+    CORBA::TypeCode_var type = a.type();
+    EXPECT_EQ(type->kind(), CORBA::tk_value_box);
+    const Wire::Flat* not_flat = nullptr;
+    EXPECT_FALSE(a >>= not_flat);
+}
+
 TEST(GeneratedTypeCode, StructuresListTheirMembers)
 {
     CORBA::TypeCode_ptr tc = Wire::_tc_Flat;

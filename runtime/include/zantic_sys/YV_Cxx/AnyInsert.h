@@ -26,6 +26,14 @@
 //     CORBA::Boolean operator>>=(const CORBA::Any& a, I_ptr& v)
 //         { return YV_Cxx::any_extract_value<S>(a, _tc_I, v); }
 //     (the any keeps the reference it hands out)
+//   value type or value box V (S = ValueStreamable<V>):
+//     void operator<<=(CORBA::Any& a, V* v)           (adds a reference)
+//         { YV_Cxx::any_insert_shared<S>(a, _tc_V, v); }
+//     void operator<<=(CORBA::Any& a, V** v)          (takes *v over, sets it null)
+//         { YV_Cxx::any_insert_adopt<S>(a, _tc_V, v); }
+//     CORBA::Boolean operator>>=(const CORBA::Any& a, V*& v)
+//         { return YV_Cxx::any_extract_value<S>(a, _tc_V, v); }
+//     (the any keeps the value it hands out)
 //   array A (S = ArrayStreamable<A>):
 //     void operator<<=(CORBA::Any& a, const A_forany& v)
 //         { YV_Cxx::any_insert_array<S>(a, _tc_A, v); }
@@ -41,6 +49,7 @@
 #define YV_RT_YV_CXX_ANYINSERT_H
 
 #include "../CORBA/Any.h"
+#include "../CORBA/ValueBase.h"
 #include "Array_forany.h"
 
 #include <memory>
@@ -80,6 +89,15 @@ void any_insert_adopt(CORBA::Any& a, CORBA::TypeCode_ptr tc, T* v)
         *v = nullptr;
     }
     a.yv_adopt(std::move(s), tc);
+}
+
+// The any shares the value type instance `v`: one reference more, no copy.
+template <class S, class T>
+void any_insert_shared(CORBA::Any& a, CORBA::TypeCode_ptr tc, T* v)
+{
+    CORBA::add_ref(v);
+    T* shared = v;
+    any_insert_adopt<S>(a, tc, &shared);
 }
 
 // A pointer to the value the any holds (the any keeps it).
