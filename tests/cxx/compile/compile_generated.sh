@@ -160,7 +160,10 @@ generate() {
 
 generate corpus "$corpus" 1 "$corpus" "$corpus/COS"
 generate examples "$source_dir/examples" 1 "$source_dir/examples"
-for data in $(find "$source_dir/tests" -name '*.idl' -printf '%h\n' | sed 's#/data/.*#/data#' | LC_ALL=C sort -u); do
+# Paths relative to the source tree, so that a checkout under a directory
+# named "data" does not end the match early.
+for data in $(cd "$source_dir" && find tests -name '*.idl' -printf '%h\n' | sed 's#/data/.*#/data#' | LC_ALL=C sort -u); do
+    data=$source_dir/$data
     layer=$(basename "$(dirname "$data")")
     dirs=("$data")
     for sub in $(find "$data" -type d -name inc | LC_ALL=C sort); do
