@@ -46,6 +46,11 @@ TEST(AnyInsert, CopiesAdoptsAndExtractsValues)
     EXPECT_NE(got, adopted);
     EXPECT_STREQ(got->name.in(), "bob");
 
+    // An empty any assigned over one holding a value empties it.
+    copy = CORBA::Any();
+    CORBA::TypeCode_var type = copy.type();
+    EXPECT_EQ(type->kind(), CORBA::tk_null);
+
     YV_Cxx::any_insert_adopt<RefusedStreamable>(a, T::_tc_Refused, new Bank::Refused("no"));
     const Bank::Refused* refused = nullptr;
     ASSERT_TRUE(YV_Cxx::any_extract_ptr<RefusedStreamable>(a, T::_tc_Refused, refused));

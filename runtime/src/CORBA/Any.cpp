@@ -201,8 +201,11 @@ Any& Any::operator=(const Any& other)
         yv_adopt(other.m_streamable->yv_clone(), other.m_type);
     else if (other.m_encoded != nullptr)
         yv_set_encoded(other.m_type, other.m_encoded);
-    else
+    else {
+        // Copying an any without a value drops ours, whatever its type.
+        yv_clear();
         type(other.m_type);
+    }
     return *this;
 }
 

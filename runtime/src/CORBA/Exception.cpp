@@ -29,11 +29,21 @@ UserException* UserException::_downcast(Exception* e)
     return dynamic_cast<UserException*>(e);
 }
 
+const UserException* UserException::_downcast(const Exception* e)
+{
+    return dynamic_cast<const UserException*>(e);
+}
+
 SystemException::~SystemException() = default;
 
 SystemException* SystemException::_downcast(Exception* e)
 {
     return dynamic_cast<SystemException*>(e);
+}
+
+const SystemException* SystemException::_downcast(const Exception* e)
+{
+    return dynamic_cast<const SystemException*>(e);
 }
 
 void SystemException::_yv_write_members(YV_CDR::OutputStream& out) const

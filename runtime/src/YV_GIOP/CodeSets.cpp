@@ -54,8 +54,10 @@ bool offers(const CodeSets::Component& c, CORBA::ULong id)
 CodeSets::Info CodeSets::ours()
 {
     Info info;
-    info.for_char.native_code_set = utf_8;
-    info.for_char.conversion_code_sets = {iso_8859_1};
+    // char data passes unchanged; a peer whose native set is ISO 8859-1
+    // (omniORB) would otherwise convert its octets to UTF-8 for us.
+    info.for_char.native_code_set = iso_8859_1;
+    info.for_char.conversion_code_sets = {utf_8};
     info.for_wchar.native_code_set = utf_16;
     return info;
 }

@@ -218,7 +218,10 @@ void Invocation::invoke_encoded(PortableServer::ServantBase* servant, const YV_C
         if (!served.yv_responded())
             throw CORBA::INTERNAL(0, status);
     } catch (CORBA::SystemException& e) {
-        if (status != CORBA::COMPLETED_NO && e.completed() == CORBA::COMPLETED_NO)
+        // Raised after the upcall returned (sending the results): the call
+        // was carried out whatever the exception says. Raised by the servant
+        // (status MAYBE): its completion status stands.
+        if (status == CORBA::COMPLETED_YES && e.completed() == CORBA::COMPLETED_NO)
             e.completed(status);
         reply.exception(e);
     } catch (const CORBA::Exception& e) {

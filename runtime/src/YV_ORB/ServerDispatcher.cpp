@@ -118,7 +118,10 @@ void ServerDispatcher::serve_request(const std::shared_ptr<const Message>& messa
         if (is_non_existent(header.operation) && dynamic_cast<CORBA::OBJECT_NOT_EXIST*>(&e) != nullptr) {
             reply.begin(ReplyHeader::NO_EXCEPTION, true).write_boolean(true);
         } else {
-            if (status != CORBA::COMPLETED_NO && e.completed() == CORBA::COMPLETED_NO)
+            // Raised after the upcall returned (sending the results): the call
+            // was carried out whatever the exception says. Raised by the servant
+            // (status MAYBE): its completion status stands.
+            if (status == CORBA::COMPLETED_YES && e.completed() == CORBA::COMPLETED_NO)
                 e.completed(status);
             reply.exception(e);
         }

@@ -43,6 +43,7 @@ class UserException : public Exception {
 public:
     ~UserException() override;
     static UserException* _downcast(Exception* e);
+    static const UserException* _downcast(const Exception* e);
 
 protected:
     UserException() = default;

@@ -17,6 +17,7 @@ public:
     void completed(CompletionStatus c) { m_completed = c; }
 
     static SystemException* _downcast(Exception* e);
+    static const SystemException* _downcast(const Exception* e);
 
     void _yv_write_members(YV_CDR::OutputStream& out) const override;
 
@@ -40,6 +41,7 @@ private:
         const char* _rep_id() const override { return "IDL:omg.org/CORBA/" #name ":1.0"; } \
         void _raise() const override { throw *this; }                          \
         static name* _downcast(Exception* e) { return dynamic_cast<name*>(e); } \
+        static const name* _downcast(const Exception* e) { return dynamic_cast<const name*>(e); } \
     };
 #include "SystemExceptions.def"
 #undef YV_SYSTEM_EXCEPTION

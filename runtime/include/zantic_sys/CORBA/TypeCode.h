@@ -132,6 +132,7 @@ public:
         const char* _rep_id() const override { return "IDL:omg.org/CORBA/TypeCode/BadKind:1.0"; }
         void _raise() const override { throw *this; }
         static BadKind* _downcast(Exception* e) { return dynamic_cast<BadKind*>(e); }
+        static const BadKind* _downcast(const Exception* e) { return dynamic_cast<const BadKind*>(e); }
     };
     class Bounds : public UserException {
     public:
@@ -139,6 +140,7 @@ public:
         const char* _rep_id() const override { return "IDL:omg.org/CORBA/TypeCode/Bounds:1.0"; }
         void _raise() const override { throw *this; }
         static Bounds* _downcast(Exception* e) { return dynamic_cast<Bounds*>(e); }
+        static const Bounds* _downcast(const Exception* e) { return dynamic_cast<const Bounds*>(e); }
     };
 
     constexpr TCKind kind() const { return m_kind; }
