@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -16,6 +17,7 @@ namespace {
 // How much is read at a time, and how long a refused peer may take to read
 // the MessageError before the connection goes.
 constexpr std::size_t chunk = 64 * 1024;
+constexpr std::size_t kept_buffer = 1024 * 1024;
 constexpr std::chrono::seconds drain_time{2};
 
 } // namespace
@@ -83,22 +85,24 @@ void Connection::on_ready(bool hangup)
     // A few chunks per turn, so that one busy peer does not starve the
     // others (the reactor calls again while octets are waiting).
     for (int turn = 0; turn < 16; ++turn) {
-        if (m_start != 0 && m_start >= m_in.size() / 2) {
-            m_in.erase(m_in.begin(), m_in.begin() + static_cast<std::ptrdiff_t>(m_start));
+        if (m_start != 0 && m_start >= m_end / 2) {
+            std::memmove(m_in.data(), m_in.data() + m_start, m_end - m_start);
+            m_end -= m_start;
             m_start = 0;
         }
-        const std::size_t have = m_in.size();
-        m_in.resize(have + chunk);
-        const ssize_t n = ::recv(m_socket.fd(), m_in.data() + have, chunk, 0);
-        m_in.resize(have + (n > 0 ? static_cast<std::size_t>(n) : 0));
+        if (m_in.size() - m_end < chunk)
+            m_in.resize(m_end + chunk);
+        const std::size_t room = m_in.size() - m_end;
+        const ssize_t n = ::recv(m_socket.fd(), m_in.data() + m_end, room, 0);
         if (n > 0) {
+            m_end += static_cast<std::size_t>(n);
             if (m_draining) {
-                m_in.clear();
                 m_start = 0;
+                m_end = 0;
             } else {
                 read_messages();
             }
-            if (static_cast<std::size_t>(n) < chunk)
+            if (static_cast<std::size_t>(n) < room)
                 break;
             continue;
         }
@@ -115,7 +119,7 @@ void Connection::on_ready(bool hangup)
 
 void Connection::read_messages()
 {
-    while (!m_draining && m_in.size() - m_start >= MessageHeader::size) {
+    while (!m_draining && m_end - m_start >= MessageHeader::size) {
         const unsigned char* p = m_in.data() + m_start;
         MessageHeader header;
         const MessageHeader::Problem problem = header.parse(p);
@@ -128,7 +132,7 @@ void Connection::read_messages()
             return;
         }
         const std::size_t total = MessageHeader::size + header.body_size;
-        if (m_in.size() - m_start < total)
+        if (m_end - m_start < total)
             return;
         if (problem == MessageHeader::bad_type) {
             m_start += total;
@@ -154,9 +158,12 @@ void Connection::read_messages()
             return;
         }
     }
-    if (m_start == m_in.size()) {
-        m_in.clear();
+    if (m_start == m_end) {
         m_start = 0;
+        m_end = 0;
+        // A buffer grown for a very large message is not kept.
+        if (m_in.size() > kept_buffer)
+            std::vector<unsigned char>().swap(m_in);
     }
 }
 

@@ -67,8 +67,12 @@ private:
     Socket m_socket;
     const std::size_t m_max;
     YV_GIOP::FragmentAssembler m_assembler;
+    // Octets read and not yet taken are m_in[m_start, m_end); the vector
+    // only grows (up to a limit), so that reads neither zero-fill nor
+    // allocate once it is large enough.
     std::vector<unsigned char> m_in;
     std::size_t m_start = 0;
+    std::size_t m_end = 0;
     std::mutex m_write;
     std::atomic<bool> m_closed{false};
     bool m_draining = false;
