@@ -1,5 +1,6 @@
 #include "YV_ORB/Invocation.h"
 
+#include "YV_ORB/AdmittedRequest.h"
 #include "YV_GIOP/CdrText.h"
 #include "YV_GIOP/IOR.h"
 #include "YV_GIOP/RequestHeader.h"
@@ -43,18 +44,6 @@ YV_Streamable& streamable_of(CORBA::NamedValue_ptr nv, CORBA::CompletionStatus c
         throw CORBA::MARSHAL(0, completed);
     return *s;
 }
-
-// Ends a request that a POA manager admitted.
-class Admitted {
-public:
-    explicit Admitted(PortableServer::POAManager_ptr manager) : m_manager(manager) {}
-    ~Admitted() { m_manager->_yv_end_request(); }
-    Admitted(const Admitted&) = delete;
-    Admitted& operator=(const Admitted&) = delete;
-
-private:
-    PortableServer::POAManager_ptr m_manager;
-};
 
 CORBA::ULong next_loopback_id()
 {
@@ -158,7 +147,7 @@ void Invocation::invoke_local(PortableServer::POA* poa, const std::string& objec
     Adapter& adapter = poa->_yv_adapter();
     PortableServer::POAManager_ptr manager = adapter.manager();
     manager->_yv_admit_local();
-    Admitted admitted(manager);
+    AdmittedRequest admitted(manager);
     Adapter::Serving serving(adapter, object_id);
     if (!op.oneway) {
         YV_Runtime::invoke(serving.servant(), op, args, result);

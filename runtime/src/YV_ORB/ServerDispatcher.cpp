@@ -1,5 +1,6 @@
 #include "YV_ORB/ServerDispatcher.h"
 
+#include "YV_ORB/AdmittedRequest.h"
 #include "YV_GIOP/LocateReplyHeader.h"
 #include "YV_GIOP/LocateRequestHeader.h"
 #include "YV_GIOP/MessageBuilder.h"
@@ -29,18 +30,6 @@ PortableServer::POA_ptr adapter_of(const std::vector<CORBA::Octet>& key, std::st
     object_id = parsed.object_id;
     return ORBCore::instance().find_adapter(parsed);
 }
-
-// Ends a request that the POA manager admitted.
-class Admitted {
-public:
-    explicit Admitted(PortableServer::POAManager_ptr manager) : m_manager(manager) {}
-    ~Admitted() { m_manager->_yv_end_request(); }
-    Admitted(const Admitted&) = delete;
-    Admitted& operator=(const Admitted&) = delete;
-
-private:
-    PortableServer::POAManager_ptr m_manager;
-};
 
 bool is_non_existent(const std::string& operation)
 {
@@ -101,7 +90,7 @@ void ServerDispatcher::serve_request(const std::shared_ptr<const Message>& messa
         } else {
             manager->_yv_admit_local();
         }
-        Admitted admitted(manager);
+        AdmittedRequest admitted(manager);
         Adapter::Serving serving(adapter, object_id);
         const std::string operation = is_non_existent(header.operation) ? "_non_existent" : header.operation;
         PortableServer::ServantBase::_YV_DispatcherPtr dispatcher =
