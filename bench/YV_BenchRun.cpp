@@ -46,6 +46,8 @@ YV_BenchRun::Result YV_BenchRun::run(const std::vector<std::string>& argv, const
         return r;
     r.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     r.peak_kib = usage.ru_maxrss;
+    r.cpu_seconds = static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
+                    static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
     r.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     r.ok = r.status == 0;
     std::ifstream err(err_path);
@@ -65,6 +67,8 @@ YV_BenchRun::Result YV_BenchRun::best_of(int repeat, const std::vector<std::stri
             return r;
         if (i == 0 || r.seconds < best.seconds)
             best.seconds = r.seconds;
+        if (i == 0 || r.cpu_seconds < best.cpu_seconds)
+            best.cpu_seconds = r.cpu_seconds;
         best.peak_kib = std::max(best.peak_kib, r.peak_kib);
         best.ok = true;
         best.status = 0;
