@@ -11,7 +11,6 @@
 #include "CxxNaming.h"
 #include "CxxTypeQueries.h"
 #include "GEN_CPlusPlus.h"
-#include "VE_Client_Interface.h"
 #include "VE_HH_MainStartPoint_Interface.h"
 
 #include <algorithm>
@@ -148,10 +147,7 @@ void VE_CPP_MainStartPoint_Interface::output_proxy(CxxPrinter& p, AST_Interface*
     CxxClientText text(visitor());
     const CxxTypeMapping& map = text.mapping();
     const std::string proxy = map.scope_prefix(i) + "YV_Gen_DynamicProxy_" + text.local(i) + "::";
-    std::vector<AST_Interface*> all;
-    long keys = 0;
-    VE_Client_Interface(visitor()).find_all_interfaces(i, all, keys);
-    for (AST_Interface* x : all) {
+    for (AST_Interface* x : VE_HH_MainStartPoint_Interface(visitor()).proxy_interfaces(i)) {
         auto target = targets.find(x);
         AST_Interface* handler_target = target == targets.end() ? nullptr : target->second;
         for (const auto& member : x->decls()) {

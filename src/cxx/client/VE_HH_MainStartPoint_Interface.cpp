@@ -19,6 +19,7 @@
 #include "VE_HH_OpDecl.h"
 #include "VIS_HH_MainStartPoint.h"
 
+#include <algorithm>
 #include <map>
 #include <memory>
 
@@ -309,18 +310,28 @@ void VE_HH_MainStartPoint_Interface::output_proxy(AST_Interface* i)
     CxxClientText text(visitor());
     CxxPrinter p = text.printer();
     const std::string proxy = "YV_Gen_DynamicProxy_" + text.local(i);
-    auto cls = p.block("class $macro$$proxy$ :\n    public virtual $full$\n{\n  public:\n", "};\n\n",
-                       {{"macro", text.class_macro()}, {"proxy", proxy}, {"full", text.full(i)}});
-    p.print("explicit $proxy$(CORBA::Object_ptr _yvp_target) : CORBA::Object(_yvp_target) {}\n\n", {{"proxy", proxy}});
+    // The proxy of the first base brings the members of that base and of
+    // its bases; CORBA::Object is a virtual base, which the most derived
+    // proxy constructs.
+    AST_Interface* base = proxy_base(i);
+    const std::string base_proxy =
+        base ? text.mapping().scope_prefix(base) + "YV_Gen_DynamicProxy_" + text.local(base) : std::string();
+    const std::string macro = text.class_macro();
+    const std::string full = text.full(i);
+    const CxxPrinter::Vars vars{{"macro", macro}, {"proxy", proxy}, {"full", full}, {"base", base_proxy}};
+    auto cls = p.block(base ? "class $macro$$proxy$ :\n    public $base$,\n    public virtual $full$\n{\n  public:\n"
+                            : "class $macro$$proxy$ :\n    public virtual $full$\n{\n  public:\n",
+                       "};\n\n", vars);
+    p.print(base ? "explicit $proxy$(CORBA::Object_ptr _yvp_target) : CORBA::Object(_yvp_target), "
+                   "$base$(_yvp_target) {}\n\n"
+                 : "explicit $proxy$(CORBA::Object_ptr _yvp_target) : CORBA::Object(_yvp_target) {}\n\n",
+            vars);
 
     UTL_Scope* saved = visitor()->scope();
     visitor()->set_scope(nullptr);
     VE_HH_OpDecl op_decl(visitor(), OverrideHHVisit::instance(), nullptr, nullptr, 1, 1, "%s");
     VE_HH_AttrDecl attr_decl(visitor(), OverrideHHVisit::instance(), nullptr, nullptr, 1, 1, "_yvvar_%s");
-    std::vector<AST_Interface*> all;
-    long keys = 0;
-    VE_Client_Interface(visitor()).find_all_interfaces(i, all, keys);
-    for (AST_Interface* x : all) {
+    for (AST_Interface* x : proxy_interfaces(i)) {
         for (const auto& member : x->decls()) {
             if (AST_Operation* op = AST_Operation::narrow_from_decl(member.get())) {
                 op_decl.visit(op);
@@ -336,6 +347,32 @@ void VE_HH_MainStartPoint_Interface::output_proxy(AST_Interface* i)
         }
     }
     visitor()->set_scope(saved);
+}
+
+AST_Interface* VE_HH_MainStartPoint_Interface::proxy_base(AST_Interface* i)
+{
+    if (!i || dynamic_cast<AMI_ReplyHandlerInterface*>(i) || i->inherits().empty())
+        return nullptr;
+    AST_Interface* base = i->inherits().front();
+    if (!base || base->is_local() || CxxRuntimeNames::provided(base, resolver()))
+        return nullptr;
+    return base;
+}
+
+std::vector<AST_Interface*> VE_HH_MainStartPoint_Interface::proxy_interfaces(AST_Interface* i)
+{
+    VE_Client_Interface graph(visitor());
+    std::vector<AST_Interface*> covered;
+    long keys = 0;
+    if (AST_Interface* base = proxy_base(i))
+        graph.find_all_interfaces(base, covered, keys);
+    std::vector<AST_Interface*> all;
+    graph.find_all_interfaces(i, all, keys);
+    std::vector<AST_Interface*> own;
+    for (AST_Interface* x : all)
+        if (std::find(covered.begin(), covered.end(), x) == covered.end())
+            own.push_back(x);
+    return own;
 }
 
 AST_Interface* VE_HH_MainStartPoint_Interface::create_full_ami_handler(AST_Interface* i)

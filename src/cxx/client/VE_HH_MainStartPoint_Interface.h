@@ -10,10 +10,12 @@
 //       <pure virtual member per operation and accessor, nested types>
 //   };
 //   extern const CORBA::TypeCode_ptr _tc_I;
-//   class YV_Gen_DynamicProxy_I : public virtual I  (not for local interfaces)
+//   class YV_Gen_DynamicProxy_I :               (not for local interfaces)
+//       public YV_Gen_DynamicProxy_B, public virtual I
 //   {
-//       every operation and accessor of I and of all its bases, each of
-//       which has the target servant serve it in process
+//       every operation and accessor of I and of those of its bases that
+//       the proxy of its first base B does not bring, each of which has the
+//       target servant serve it in process
 //   };
 //
 // and, with AMI callbacks on, the same for I's reply handler AMI_IHandler.
@@ -24,6 +26,7 @@
 #include "VE_Cxx.h"
 
 #include <string>
+#include <vector>
 
 class AST_Interface;
 class CxxPrinter;
@@ -41,6 +44,16 @@ public:
     // A is writable set_A() and set_A_excep(holder). The caller owns the
     // node and deletes it; it is not entered into the tree.
     AST_Interface* create_full_ami_handler(AST_Interface* i);
+
+    // The interface whose proxy the proxy of `i` derives from: its first
+    // base, when that is an interface with a generated proxy. Null for a
+    // reply handler and for a base the runtime defines: such a proxy
+    // declares the members of all its bases itself.
+    AST_Interface* proxy_base(AST_Interface* i);
+    // The interfaces whose members the proxy of `i` declares: `i` and every
+    // base that the proxy base and its bases do not cover, in the order of
+    // VE_Client_Interface::find_all_interfaces.
+    std::vector<AST_Interface*> proxy_interfaces(AST_Interface* i);
 
 protected:
     // The whole text of one interface (I itself or its reply handler).
