@@ -195,7 +195,7 @@ TEST_F(DriverTest, LimitsAreSetOnTheCommandLine)
 {
     std::string deep;
     for (int i = 0; i < 20; ++i)
-        deep += "module m { ";
+        deep += i % 2 ? "module b { " : "module a { ";
     for (int i = 0; i < 20; ++i)
         deep += "};";
     yvtest::write_file(m_dir + "/deep.idl", deep + "\n");

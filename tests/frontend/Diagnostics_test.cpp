@@ -161,12 +161,26 @@ std::vector<BadInput> cases()
         {"typeid_twice", "interface I {};\ntypeid I \"IDL:a:1.0\";\ntypeid I \"IDL:b:1.0\";", "main.idl:3",
          "already set to 'IDL:a:1.0'"},
         {"bad_version", "interface I {};\n#pragma version I abc\n", "main.idl:2", "malformed version 'abc'"},
+        // Rules of the language that real-world IDL breaks.
+        {"name_of_module", "module M {\n  typedef short M;\n};", "main.idl:2:17",
+         "'M' cannot be declared inside 'M', which has the same name"},
+        {"name_of_interface", "interface I {\n  void i();\n};", "main.idl:2:8",
+         "'i' cannot be declared inside 'I', which has the same name"},
+        {"name_of_struct", "struct S {\n  long s;\n};", "main.idl:2:8", "'s' cannot be declared inside 'S'"},
+        {"name_of_exception", "exception E {\n  long e;\n};", "main.idl:2:8", "'e' cannot be declared inside 'E'"},
+        {"version_twice", "interface I {};\n#pragma version I 1.1\n#pragma version I 1.2\n", "main.idl:3:1",
+         "the version of 'I' is already set to '1.1'"},
+        {"default_over_boolean",
+         "union U switch (boolean) {\n  case TRUE: long a;\n  case FALSE: short b;\n  default: char c;\n};",
+         "main.idl:4:3", "a default label is not allowed: the other labels cover every value of 'boolean'"},
+        {"default_over_enum", "enum E { e1, e2 };\nunion U switch (E) {\n  case e1: case e2: long a;\n  default: char c;\n};",
+         "main.idl:4:3", "the other labels cover every value of 'E'"},
         // Hostile input.
         {"binary_garbage", "\x01\x02\xff\xfe\x7f garbage", "main.idl:1", "binary data"},
         {"high_bytes", "module M {\n\xff\xfe\xfd\xfc };", "main.idl:2", "invalid character 0xff"},
         {"nul_bytes", std::string("module M {};\n\0\0\0", 16), "main.idl:2", "NUL byte"},
-        {"deep_modules", repeat("module m {\n", 10000), "main.idl:257", "declarations nest more than 256 levels deep"},
-        {"deep_structs", repeat("struct s { ", 10000), "main.idl:1", "nest more than 256 levels"},
+        {"deep_modules", repeat("module a {\nmodule b {\n", 5000), "main.idl:257", "declarations nest more than 256 levels deep"},
+        {"deep_structs", repeat("struct s { struct t { ", 5000), "main.idl:1", "nest more than 256 levels"},
         {"deep_parentheses", "const long x = " + repeat("(", 10000) + "1" + repeat(")", 10000) + ";", "main.idl:1",
          "nest more than 256 levels"},
         {"deep_unary", "const long x = " + repeat("- ", 10000) + "1;", "main.idl:1", "nest more than 256 levels"},
@@ -255,8 +269,8 @@ TEST(Limits, LongInheritanceChainsAndLattices)
 TEST(Limits, NestingUpToTheLimitIsAccepted)
 {
     int depth = 200;
-    std::string text = repeat("module m { ", depth) + "const long k = " + repeat("(", 40) + "1" + repeat(")", 40) + ";" +
-                       repeat(" };", depth);
+    std::string text = repeat("module a { module b { ", depth / 2) + "const long k = " + repeat("(", 40) + "1" +
+                       repeat(")", 40) + ";" + repeat(" };", depth);
     fetest::Parsed p = fetest::parse(text);
     EXPECT_TRUE(p.data) << p.err.substr(0, 500);
 }

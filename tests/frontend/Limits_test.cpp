@@ -119,7 +119,7 @@ std::vector<LimitCase> cases()
         {"TypedefChainThroughArraysAndSequences",
          [] { return "typedef long T0;\n" + numbered("typedef sequence<T$> Q@; typedef Q@ T@[2];\n", 1, 20); }, {},
          &IDL_Limits::typedef_depth, 10, 100, "main.idl:6:", "names typedefs more than 10 deep"},
-        {"NestingRaised", [] { return repeat("module m { ", 20) + repeat("};", 20); }, {}, &IDL_Limits::nesting, 10, 30,
+        {"NestingRaised", [] { return repeat("module a { module b { ", 10) + repeat("};", 20); }, {}, &IDL_Limits::nesting, 10, 30,
          "main.idl:1:", "declarations nest more than 10 levels deep (-fmax-nesting=N raises the limit)"},
         {"IncludeDepthRaised", [] { return std::string("#include \"d0.idl\"\n"); },
          {{"d0.idl", "#include \"d1.idl\"\n"}, {"d1.idl", "#include \"d2.idl\"\n"}, {"d2.idl", "#include \"d3.idl\"\n"},

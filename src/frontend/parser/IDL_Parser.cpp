@@ -17,6 +17,7 @@
 #include "AST_Native.h"
 #include "AST_Object.h"
 #include "AST_Operation.h"
+#include "AST_PredefinedType.h"
 #include "AST_Root.h"
 #include "AST_Sequence.h"
 #include "AST_StateMember.h"
@@ -49,6 +50,25 @@ const char* const kDefinition = "a definition";
 const char* const kExport = "a type, constant, exception, attribute or operation";
 
 using EV = AST_Expression;
+
+// True when `distinct` different labels are every value of discriminator
+// type `disc` (booleans, enumerations, characters).
+bool labels_cover(AST_Type* disc, std::size_t distinct)
+{
+    AST_Type* t = disc;
+    while (AST_Typedef* td = AST_Typedef::narrow_from_decl(t))
+        t = td->base_type();
+    if (AST_Enum* e = AST_Enum::narrow_from_decl(t))
+        return distinct >= e->enumerators().size();
+    if (AST_PredefinedType* p = AST_PredefinedType::narrow_from_decl(t)) {
+        switch (p->pt()) {
+        case AST_PredefinedType::PT_boolean: return distinct >= 2;
+        case AST_PredefinedType::PT_char: return distinct >= 256;
+        default: return false;
+        }
+    }
+    return false;
+}
 
 // A base named through a typedef is the type the typedef stands for.
 AST_Decl* unaliased(AST_Decl* d)
@@ -981,12 +1001,16 @@ void IDL_Parser::union_body(AST_Union* u)
     // gives every label the same kind.
     std::set<std::uint64_t> seen;
     bool seen_default = false;
+    IDL_Token default_at{};
     EV::ExprType target = IDL_ConstEval::expr_type_of(u->disc_type());
     for (;;) {
         check_error_limit();
         handle_directives(u);
-        if (at(IDL_Tok::RBrace) || at(IDL_Tok::End))
+        if (at(IDL_Tok::RBrace) || at(IDL_Tok::End)) {
+            if (seen_default && labels_cover(u->disc_type(), seen.size()))
+                error(IDL_Diag::UNION_DEFAULT_COVERED, default_at, {IDL_ConstEval::type_name(u->disc_type())});
             return;
+        }
         std::size_t start = m_pos;
         try {
             std::vector<AST_UnionLabel> labels;
@@ -997,6 +1021,7 @@ void IDL_Parser::union_body(AST_Union* u)
                     if (seen_default)
                         error(IDL_Diag::UNION_DEFAULT_DUP, label_at);
                     seen_default = true;
+                    default_at = label_at;
                     labels.emplace_back();
                     continue;
                 }

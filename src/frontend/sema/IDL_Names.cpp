@@ -159,6 +159,23 @@ bool IDL_Names::declare(UTL_Scope* s, const std::string& name, AST_Decl* d, cons
             error(IDL_Diag::REDEFINITION_CASE, loc, {name, old_name});
         return false;
     }
+    // A module, interface, value type, structure, union or exception cannot
+    // hold a declaration of its own name.
+    if (AST_Decl* self = ScopeAsDecl(s)) {
+        switch (self->node_type()) {
+        case AST_Decl::NT_module:
+        case AST_Decl::NT_interface:
+        case AST_Decl::NT_value:
+        case AST_Decl::NT_struct:
+        case AST_Decl::NT_union:
+        case AST_Decl::NT_except:
+            if (FoldEqual{}(self->local_name()->str(), name))
+                error(IDL_Diag::NAME_OF_ENCLOSING_SCOPE, loc, {name, self->local_name()->str()});
+            break;
+        default:
+            break;
+        }
+    }
     t->names.emplace(std::string_view(d->local_name()->str()), d);
     if (t->is_base)
         ++m_base_names[std::string_view(d->local_name()->str())];

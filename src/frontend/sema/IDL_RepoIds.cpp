@@ -83,7 +83,10 @@ void IDL_RepoIds::set_version(AST_Decl* d, const std::string& version, const IDL
         IDL_Diagnostics::error(IDL_Diag::BAD_VERSION, loc.file_name(), loc.line, loc.column, {version});
         return;
     }
-    m_versions[d] = version;
+    auto ins = m_versions.emplace(d, version);
+    if (!ins.second && ins.first->second != version)
+        IDL_Diagnostics::error(IDL_Diag::VERSION_TWICE, loc.file_name(), loc.line, loc.column,
+                               {d->local_name()->str(), ins.first->second});
 }
 
 void IDL_RepoIds::set_typeprefix(AST_Decl* d, const std::string& prefix) { m_typeprefix[first_opening(d)] = prefix; }
