@@ -11,12 +11,14 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 JOBS=2
 
 # Debian packages the build and the tests need; the IDL files of
-# omniorb-idl are the input of the front end's corpus test; omniORB (library,
+# omniorb-idl are the input of the front end's corpus test; tcl-combat and
+# libfastrtps-doc ship the IDL of other projects that the compile test of
+# generated code takes (their examples); omniORB (library,
 # IDL compiler, tools, naming service) is the peer of the interoperability
 # tests; Ninja, man and pkg-config serve the test of the installed tree
 # (a user's CMake project built with Ninja, the manual page, the .pc file).
-PACKAGES=(cmake g++ make libgtest-dev omniorb-idl libomniorb4-dev omniidl omniorb omniorb-nameserver
-    ninja-build man-db pkgconf)
+PACKAGES=(cmake g++ make libgtest-dev omniorb-idl tcl-combat libfastrtps-doc libomniorb4-dev omniidl omniorb
+    omniorb-nameserver ninja-build man-db pkgconf)
 
 install_missing_packages() {
     local missing=()

@@ -25,8 +25,12 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <set>
 #include <sstream>
@@ -280,9 +284,33 @@ void GEN_CPlusPlus::setFileStrings()
     m_stub_name = with_extension(m_base_name, m_stub_ext);
 }
 
+namespace {
+
+// Eight hex digits that tell IDL files of one base name apart: a digest
+// (FNV-1a) of the file's text, or nothing when it cannot be read again.
+std::string text_digest(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        return "";
+    std::uint32_t h = 2166136261u;
+    for (std::istreambuf_iterator<char> it(in), end; it != end; ++it)
+        h = (h ^ static_cast<unsigned char>(*it)) * 16777619u;
+    char hex[9];
+    std::snprintf(hex, sizeof hex, "%08X", static_cast<unsigned>(h));
+    return hex;
+}
+
+} // namespace
+
 void GEN_CPlusPlus::outputIncludes(std::ostream& os)
 {
-    const YV_String guard = "_YV_GUARD_" + make_legal_alpha_numeric_var(m_base_name).str() + "_HH_";
+    // Files of one base name in different directories (a/x.idl, b/x.idl)
+    // must not share the guard, or a file including both headers would see
+    // one of them only.
+    IDL_GlobalData* main = global_data();
+    const YV_String guard = "_YV_GUARD_" + make_legal_alpha_numeric_var(m_base_name).str() + "_HH_" +
+                            (main && main->main_filename() ? text_digest(main->main_filename()->str()) : "");
     os << "#ifndef " << guard << "\n";
     os << "#define " << guard << "\n\n";
     output_copyright(os);

@@ -1,5 +1,5 @@
 // Rules met in IDL as other projects write it: what peers accept must parse
-// to the right tree, what the language forbids must be a located error.
+// to the right tree (what the language forbids is in the diagnostics table).
 #include "FrontendTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -41,6 +41,17 @@ std::vector<Accepted> accepted()
          {"typedef long T"},
          {{"self.idl", "#pragma prefix \"acme.com\"\n#ifndef SELF_IDL\n#define SELF_IDL\n#include \"self.idl\"\n"
                        "typedef long T;\n#endif\n"}}},
+        // Next to the rules that reject: a member may take a name its scope
+        // uses; a scope may declare a name before it uses it; local types
+        // belong to local interfaces; floating-point expressions may mix in
+        // integers; one prefix for a forward declaration and its definition.
+        {"member_named_as_used_type", "struct Foo { long x; };\nstruct S {\n  Foo foo;\n};", {"field Foo foo"}},
+        {"declared_before_use", "typedef long T;\ninterface I {\n  typedef string T;\n  void f(in T t);\n};",
+         {"in I::T t"}},
+        {"local_type_in_local_interface", "local interface L {};\nlocal interface K {\n  L g(in L l);\n  attribute L a;\n};",
+         {"attribute L a"}},
+        {"float_expression_with_integer", "const double D = 1 / 2.0;", {"const double D = 0.5"}},
+        {"forward_under_same_prefix", "#pragma prefix \"a\"\ninterface I;\ninterface I {};", {"IDL:a/I:1.0"}},
     };
 }
 

@@ -31,10 +31,10 @@ TEST(Impl, BaseReachedThroughTwoPaths)
 {
     impltest::expect_impl_golden("diamond", R"(
 module D {
-    interface Top { void top(); };
-    interface Left : Top { void left(); };
-    interface Right : Top { void right(); };
-    interface Bottom : Left, Right { void bottom(); };
+    interface Top { void op_top(); };
+    interface Left : Top { void op_left(); };
+    interface Right : Top { void op_right(); };
+    interface Bottom : Left, Right { void op_bottom(); };
 };
 )",
                                  nullptr);
@@ -43,7 +43,7 @@ module D {
 const char* const small = R"(
 module Outer {
     module Inner {
-        interface Echo { string echo(in string text); };
+        interface Echo { string say(in string text); };
     };
 };
 )";

@@ -470,7 +470,7 @@ Full* IDL_Parser::forward_dcl(UTL_Scope* s, const IDL_Token& name, std::unique_p
         set_position(fresh.get(), name);
         full = static_cast<Full*>(s->add_pending(std::move(fresh)));
         m_names.declare(s, n, full, loc(name));
-        m_ids.declared(full);
+        m_ids.forward_declared(full);
     }
     AST_Decl* f = place(s, std::make_unique<Fwd>(Identifier(n), full), name);
     m_ids.alias(f, full);
@@ -490,7 +490,7 @@ Full* IDL_Parser::begin_definition(UTL_Scope* s, const IDL_Token& name, std::uni
             // The forward-declared node takes its place where the definition stands.
             set_position(full, name);
             s->add_decl(std::move(owned));
-            m_ids.declared(full);
+            m_ids.defined(full, loc(name));
             return full;
         }
     }
@@ -1119,6 +1119,7 @@ void IDL_Parser::op_dcl(UTL_Scope* s)
     m_ids.declared(op);
     own_anonymous(op, ret);
     check_by_value(ret.type, type_at);
+    check_local_use(s, ret.type, type_at, "the result of '" + n + "'");
     Nesting nesting(*this, name);
     expect(IDL_Tok::LParen);
     ArgumentNames names;
@@ -1139,6 +1140,7 @@ void IDL_Parser::op_dcl(UTL_Scope* s)
             IDL_Token an = expect_identifier("an argument name");
             check_by_value(ts.type, arg_type_at);
             std::string a(an.text);
+            check_local_use(s, ts.type, arg_type_at, "argument '" + a + "' of '" + n + "'");
             place(op, std::make_unique<AST_Argument>(dir, ts.type, UTL_IdList(Identifier(a))), an);
             check_argument_name(names, a, an);
             own_anonymous(op, ts);
@@ -1177,6 +1179,7 @@ void IDL_Parser::attr_dcl(UTL_Scope* s)
         if (IDL_Checks::member_against_bases(s, n, m_names, loc(name)))
             m_names.declare(s, n, a, loc(name));
         m_ids.declared(a);
+        check_local_use(s, ts.type, type_at, "attribute '" + n + "'");
         attrs.push_back(a);
     } while (accept(IDL_Tok::Comma));
     bool any_raises = at(IDL_Tok::KwRaises) || at(IDL_Tok::KwGetraises) || at(IDL_Tok::KwSetraises);
@@ -1430,6 +1433,15 @@ void IDL_Parser::check_by_value(AST_Type* t, const IDL_Token& where)
     // their chains again at every use.
     if (AST_Decl* held = held_aggregate(t))
         IDL_Checks::complete_by_value(AST_Type::narrow_from_decl(held), loc(where));
+}
+
+void IDL_Parser::check_local_use(UTL_Scope* s, AST_Type* t, const IDL_Token& where, const std::string& what)
+{
+    auto* i = AST_Interface::narrow_from_decl(ScopeAsDecl(s));
+    if (!i || i->is_local())
+        return;
+    if (AST_Interface* local = IDL_Checks::local_type(t, m_local_types))
+        error(IDL_Diag::LOCAL_IN_UNCONSTRAINED, where, {i->local_name()->str(), local->local_name()->str(), what});
 }
 
 // ------------------------------------------------------------------ names

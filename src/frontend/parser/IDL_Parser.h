@@ -162,6 +162,9 @@ private:
     // The declarator's type: the type itself, or a new array of it.
     AST_Type* declarator_type(AST_Type* base, const Declarator& d, TypeSpec& anon);
     void check_by_value(AST_Type* t, const IDL_Token& where);
+    // Reports a local type used for `what` (a result, an argument, an
+    // attribute) by an unconstrained interface `s`.
+    void check_local_use(UTL_Scope* s, AST_Type* t, const IDL_Token& where, const std::string& what);
 
     // Names.
     IDL_ScopedName scoped_name();
@@ -210,6 +213,9 @@ private:
     std::vector<AST_Decl*> m_being_defined;
     // The latest opening of each module, by its first opening.
     std::unordered_map<AST_Module*, AST_Module*> m_last_opening;
+    // Per type used by an unconstrained interface: the local interface it
+    // involves, or null.
+    std::unordered_map<const AST_Type*, AST_Interface*> m_local_types;
 };
 
 #endif

@@ -2,12 +2,15 @@
 
 #include "AST_Argument.h"
 #include "AST_Array.h"
+#include "AST_Field.h"
 #include "AST_Interface.h"
 #include "AST_Operation.h"
 #include "AST_PredefinedType.h"
+#include "AST_Sequence.h"
 #include "AST_Structure.h"
 #include "AST_Typedef.h"
 #include "AST_Union.h"
+#include "AST_UnionBranch.h"
 #include "AST_Value.h"
 #include "IDL_Diagnostics.h"
 #include "IDL_Names.h"
@@ -171,4 +174,38 @@ bool IDL_Checks::complete_by_value(AST_Type* t, const IDL_Loc& loc)
         return false;
     }
     return true;
+}
+
+AST_Interface* IDL_Checks::local_type(AST_Type* t, std::unordered_map<const AST_Type*, AST_Interface*>& known)
+{
+    auto it = known.find(t);
+    if (it != known.end())
+        return it->second;
+    // Iterative, each type once: recursive structures hold themselves
+    // through sequences.
+    AST_Interface* found = nullptr;
+    std::vector<AST_Type*> todo{t};
+    std::unordered_set<const AST_Type*> seen;
+    while (!todo.empty() && !found) {
+        AST_Type* cur = todo.back();
+        todo.pop_back();
+        if (!cur || !seen.insert(cur).second)
+            continue;
+        if (auto* td = AST_Typedef::narrow_from_decl(cur))
+            todo.push_back(td->base_type());
+        else if (auto* seq = AST_Sequence::narrow_from_decl(cur))
+            todo.push_back(seq->base_type());
+        else if (auto* arr = AST_Array::narrow_from_decl(cur))
+            todo.push_back(arr->base_type());
+        else if (auto* i = AST_Interface::narrow_from_decl(cur))
+            found = i->is_local() ? i : nullptr;
+        else if (auto* st = AST_Structure::narrow_from_decl(cur))
+            for (AST_Field* f : st->fields())
+                todo.push_back(f->field_type());
+        else if (auto* u = AST_Union::narrow_from_decl(cur))
+            for (AST_UnionBranch* b : u->branches())
+                todo.push_back(b->field_type());
+    }
+    known.emplace(t, found);
+    return found;
 }

@@ -8,9 +8,11 @@
 
 #include <cstddef>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 class AST_Decl;
+class AST_Interface;
 class AST_Operation;
 class AST_Type;
 class IDL_Names;
@@ -46,6 +48,12 @@ public:
     static AST_Decl* incomplete(AST_Type* t);
     // Reports `t` used by value where `incomplete` finds such a type.
     static bool complete_by_value(AST_Type* t, const IDL_Loc& loc);
+
+    // The local interface a value of type `t` involves, through typedefs,
+    // sequences, arrays and the members of structures, unions and
+    // exceptions; null when none. `known` keeps the answer for each type
+    // asked about, so that a type used often is walked once.
+    static AST_Interface* local_type(AST_Type* t, std::unordered_map<const AST_Type*, AST_Interface*>& known);
 };
 
 #endif

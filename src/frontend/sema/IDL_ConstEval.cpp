@@ -394,7 +394,11 @@ AST_Expression IDL_ConstEval::coerce(const Value& v, AST_Type* declared, const I
     case EV::EV_float:
     case EV::EV_double:
     case EV::EV_longdouble: {
-        if (v.kind != Value::Integer && v.kind != Value::Float)
+        if (v.kind == Value::Integer) {
+            error(IDL_Diag::CONST_INTEGER_AS_FLOAT, loc, {type_name(declared)});
+            return AST_Expression();
+        }
+        if (v.kind != Value::Float)
             return mismatch();
         long double r = to_real(v);
         long double limit = target == EV::EV_float ? FLT_MAX : target == EV::EV_double ? DBL_MAX : LDBL_MAX;

@@ -39,6 +39,9 @@ struct IDL_Names::Table {
     unsigned long visited = 0;
     // Some scope inherits from this one.
     bool is_base = false;
+    // Names this scope has used for declarations of enclosing scopes; they
+    // cannot be declared here afterwards.
+    std::unordered_map<std::string_view, AST_Decl*, FoldHash, FoldEqual> introduced;
 };
 
 namespace {
@@ -158,6 +161,16 @@ bool IDL_Names::declare(UTL_Scope* s, const std::string& name, AST_Decl* d, cons
         else
             error(IDL_Diag::REDEFINITION_CASE, loc, {name, old_name});
         return false;
+    }
+    // A name this scope has already used for a declaration of an enclosing
+    // scope. Members nobody names (fields, operations, attributes) may take
+    // it: no use can mistake them for that declaration.
+    if (!t->introduced.empty() && referable(d)) {
+        auto it = t->introduced.find(name);
+        if (it != t->introduced.end()) {
+            error(IDL_Diag::INTRODUCED_NAME, loc, {name, scoped_name_of(it->second)});
+            return false;
+        }
     }
     // A module, interface, value type, structure, union or exception cannot
     // hold a declaration of its own name.
@@ -280,9 +293,17 @@ AST_Decl* IDL_Names::resolve(UTL_Scope* from, const IDL_ScopedName& n)
     if (n.global) {
         d = member(table(m_root), n.parts[0], other, n.locs[0], failed);
     } else {
+        // The first scope with names is the one using the name; when the
+        // name is found further out, it is introduced there.
+        Table* user = nullptr;
         for (UTL_Scope* s = from; s && !d && !failed; s = parent(s))
-            if (Table* t = table(s))
+            if (Table* t = table(s)) {
                 d = member(t, n.parts[0], other, n.locs[0], failed);
+                if (!user)
+                    user = t;
+                else if (d)
+                    user->introduced.emplace(std::string_view(d->local_name()->str()), d);
+            }
     }
     for (std::size_t i = 0; !failed; ++i) {
         // d is what parts[0..i] name.

@@ -67,6 +67,21 @@ void IDL_RepoIds::set_prefix(const std::string& prefix, std::size_t depth)
 
 void IDL_RepoIds::declared(AST_Decl* d) { m_entries.push_back(Entry{d, nullptr, m_frames.back().prefix, m_frames.back().depth}); }
 
+void IDL_RepoIds::forward_declared(AST_Decl* d)
+{
+    declared(d);
+    m_forward_prefix[d] = m_frames.back().prefix;
+}
+
+void IDL_RepoIds::defined(AST_Decl* d, const IDL_Loc& loc)
+{
+    declared(d);
+    auto it = m_forward_prefix.find(d);
+    if (it != m_forward_prefix.end() && it->second != m_frames.back().prefix)
+        IDL_Diagnostics::error(IDL_Diag::FORWARD_PREFIX, loc.file_name(), loc.line, loc.column,
+                               {d->local_name()->str(), m_prefixes[m_frames.back().prefix], m_prefixes[it->second]});
+}
+
 void IDL_RepoIds::alias(AST_Decl* d, AST_Decl* same) { m_entries.push_back(Entry{d, same, 0, 0}); }
 
 void IDL_RepoIds::set_id(AST_Decl* d, const std::string& id, const IDL_Loc& loc)

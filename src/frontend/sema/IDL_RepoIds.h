@@ -36,6 +36,11 @@ public:
     // `d` gets an id, under the prefix now in effect. A declaration
     // recorded twice (forward, then defined) takes the later prefix.
     void declared(AST_Decl* d);
+    // `d` is forward-declared: as declared(), remembering the prefix.
+    void forward_declared(AST_Decl* d);
+    // The definition of `d`, which was forward-declared: as declared();
+    // reports a prefix other than the forward declaration's.
+    void defined(AST_Decl* d, const IDL_Loc& loc);
     // `d` has the id of `same` (later module openings, forward declarations).
     void alias(AST_Decl* d, AST_Decl* same);
 
@@ -71,6 +76,8 @@ private:
     std::unordered_map<const AST_Decl*, std::string> m_ids;
     std::unordered_map<const AST_Decl*, std::string> m_versions;
     std::unordered_map<const AST_Decl*, std::string> m_typeprefix;
+    // The prefix (index into m_prefixes) of each forward declaration.
+    std::unordered_map<const AST_Decl*, std::size_t> m_forward_prefix;
 };
 
 #endif

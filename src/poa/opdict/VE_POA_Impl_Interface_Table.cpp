@@ -110,10 +110,11 @@ unsigned long VE_POA_Impl_Interface::table_bits(AST_Interface* i, long counter) 
 {
     const unsigned long automatic = IDL_OpDict::auto_bits(static_cast<unsigned long>(counter < 0 ? 0 : counter));
     const int requested = GEN_POACxx::narrow_from_gen(generator())->hash_max();
-    // -1 is the value of a -p that was not given.
-    if (requested == -1)
+    // Any negative value means the automatic size, -1 (the value of a -p
+    // that was not given) among them.
+    if (requested < 0)
         return automatic;
-    if (requested < 0 || static_cast<unsigned long>(requested) > IDL_OpDict::max_bits) {
+    if (static_cast<unsigned long>(requested) > IDL_OpDict::max_bits) {
         idl_msg_header(i->line(), i->column(), i->file_name());
         std::cerr << "POA Error. Dispatch table size 2^" << requested << " cannot be built; using the automatic size." << std::endl;
         return automatic;

@@ -20,6 +20,12 @@
 # generated with TIE as well (see switches_tie_on). Test inputs that the
 # front end rejects (inputs of error tests) are left out. Exits 77
 # (skipped) when the corpus is not installed.
+#
+# <config> projects generates with -base -poa the IDL that other projects
+# ship in Debian packages instead: the services of the Tcl ORB's examples
+# (tcl-combat) and the data types of the examples of a DDS implementation
+# (libfastrtps-doc). Every file must be accepted and compile, except the DDS
+# files that use annotations (@Key), which IDL without them does not know.
 set -u
 
 config=$1
@@ -29,10 +35,19 @@ source_dir=$4
 work=$5/$config
 
 corpus=/usr/share/idl/omniORB
-if [ ! -d "$corpus" ]; then
-    echo "SKIP: $corpus is not installed"
-    exit 77
+combat=/usr/share/doc/tcl-combat/examples
+fastdds=/usr/share/doc/libfastrtps-dev/examples
+if [ "$config" = projects ]; then
+    required=("$combat" "$fastdds")
+else
+    required=("$corpus")
 fi
+for d in "${required[@]}"; do
+    if [ ! -d "$d" ]; then
+        echo "SKIP: $d is not installed"
+        exit 77
+    fi
+done
 if [ ! -x "$yvidl" ]; then
     echo "FAIL: the compiler $yvidl is not built"
     exit 1
@@ -44,6 +59,7 @@ tie) options=(-base -poa:-xTIE) ;;
 ami) options=(-base:-xAMICallbacks -poa:-xAMICallbacks) ;;
 raises) options=(-base -poa:-xEnforceRaises) ;;
 rtti) options=(-base -poa:-xRTTI) ;;
+projects) options=(-base -poa) ;;
 *) echo "FAIL: unknown configuration $config"; exit 1 ;;
 esac
 
@@ -69,12 +85,16 @@ switches_tie_on() {
          END { exit !found }' "$1"
 }
 
-# The corpus files that the front end rejects, as its corpus test lists them.
-rejected=$(grep -o '{"[^"]*\.idl"' "$source_dir/tests/frontend/Corpus_test.cpp" | sed 's/^{"//; s/"$//')
+# The files the front end rejects, as <group>/<path>: the corpus files its
+# corpus test lists, and the DDS files written with annotations.
+rejected=$(grep -o '{"[^"]*\.idl"' "$source_dir/tests/frontend/Corpus_test.cpp" | sed 's/^{"/corpus\//; s/"$//')
 if [ -z "$rejected" ]; then
     echo "FAIL: no list of rejected corpus files in tests/frontend/Corpus_test.cpp"
     exit 1
 fi
+rejected+=$'\n'$(printf 'fastdds/dds/%s\n' Configurability/sample.idl DeadlineQoSExample/deadlinepayload.idl \
+    HistoryKind/sample.idl Keys/sample.idl LateJoiners/sample.idl SampleConfig_Controller/sample.idl \
+    SampleConfig_Events/sample.idl SampleConfig_Multimedia/sample.idl)
 
 rm -rf "$work"
 mkdir -p "$work"
@@ -104,7 +124,7 @@ generate() {
     fi
     while IFS= read -r f; do
         rel=${f#"$root"/}
-        if [ "$group" = corpus ] && grep -qx "$rel" <<< "$rejected"; then
+        if grep -qx "$group/$rel" <<< "$rejected"; then
             continue
         fi
         out="$work/$group/$(dirname "$rel")"
@@ -158,19 +178,24 @@ generate() {
     done
 }
 
-generate corpus "$corpus" 1 "$corpus" "$corpus/COS"
-generate examples "$source_dir/examples" 1 "$source_dir/examples"
-# Paths relative to the source tree, so that a checkout under a directory
-# named "data" does not end the match early.
-for data in $(cd "$source_dir" && find tests -name '*.idl' -printf '%h\n' | sed 's#/data/.*#/data#' | LC_ALL=C sort -u); do
-    data=$source_dir/$data
-    layer=$(basename "$(dirname "$data")")
-    dirs=("$data")
-    for sub in $(find "$data" -type d -name inc | LC_ALL=C sort); do
-        dirs+=("$sub" "$(dirname "$sub")")
+if [ "$config" = projects ]; then
+    generate combat "$combat" 1 "$combat"
+    generate fastdds "$fastdds" 1 "$fastdds"
+else
+    generate corpus "$corpus" 1 "$corpus" "$corpus/COS"
+    generate examples "$source_dir/examples" 1 "$source_dir/examples"
+    # Paths relative to the source tree, so that a checkout under a directory
+    # named "data" does not end the match early.
+    for data in $(cd "$source_dir" && find tests -name '*.idl' -printf '%h\n' | sed 's#/data/.*#/data#' | LC_ALL=C sort -u); do
+        data=$source_dir/$data
+        layer=$(basename "$(dirname "$data")")
+        dirs=("$data")
+        for sub in $(find "$data" -type d -name inc | LC_ALL=C sort); do
+            dirs+=("$sub" "$(dirname "$sub")")
+        done
+        generate "$layer" "$data" 0 "${dirs[@]}"
     done
-    generate "$layer" "$data" 0 "${dirs[@]}"
-done
+fi
 
 # Every generated file includes <zantic_sys/yvcxx.h> before any generated
 # declaration, so the test parses it once, as a precompiled header that is
