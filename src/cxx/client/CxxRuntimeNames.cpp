@@ -15,7 +15,66 @@ struct ProvidedName {
     const char* header;
 };
 
+// The header every client header includes first; names it defines need no
+// include line of their own.
+const char* const kSystemHeader = "<zantic_sys/yvcxx.h>";
+
 const ProvidedName provided_names[] = {
+    // Every name the runtime defines in the CORBA namespace, but the forms
+    // the mapping derives from them (_ptr, _var, _out), which IDL cannot
+    // declare. An IDL file that declares one of them (a copy of the ORB's
+    // own IDL, as other projects ship) gets the runtime's.
+    {"CORBA::ARG_IN", kSystemHeader},
+    {"CORBA::ARG_INOUT", kSystemHeader},
+    {"CORBA::ARG_OUT", kSystemHeader},
+    {"CORBA::Any", kSystemHeader},
+    {"CORBA::Boolean", kSystemHeader},
+    {"CORBA::Char", kSystemHeader},
+    {"CORBA::CompletionStatus", kSystemHeader},
+    {"CORBA::DefaultValueRefCountBase", kSystemHeader},
+    {"CORBA::Double", kSystemHeader},
+    {"CORBA::Exception", kSystemHeader},
+    {"CORBA::Fixed", kSystemHeader},
+    {"CORBA::Flags", kSystemHeader},
+    {"CORBA::Float", kSystemHeader},
+    {"CORBA::IN_COPY_VALUE", kSystemHeader},
+    {"CORBA::Identifier", kSystemHeader},
+    {"CORBA::InputStream", kSystemHeader},
+    {"CORBA::Long", kSystemHeader},
+    {"CORBA::LongDouble", kSystemHeader},
+    {"CORBA::LongLong", kSystemHeader},
+    {"CORBA::MarshalMinor", kSystemHeader},
+    {"CORBA::NVList", kSystemHeader},
+    {"CORBA::NamedValue", kSystemHeader},
+    {"CORBA::ORB", kSystemHeader},
+    {"CORBA::OUT_LIST_MEMORY", kSystemHeader},
+    {"CORBA::Object", kSystemHeader},
+    {"CORBA::Octet", kSystemHeader},
+    {"CORBA::OutputStream", kSystemHeader},
+    {"CORBA::Policy", kSystemHeader},
+    {"CORBA::PolicyList", kSystemHeader},
+    {"CORBA::PolicyType", kSystemHeader},
+    {"CORBA::Principal", kSystemHeader},
+    {"CORBA::RepositoryId", kSystemHeader},
+    {"CORBA::Short", kSystemHeader},
+    {"CORBA::SystemException", kSystemHeader},
+    {"CORBA::TCKind", kSystemHeader},
+    {"CORBA::TypeCode", kSystemHeader},
+    {"CORBA::TypeCodeFactory", kSystemHeader},
+    {"CORBA::ULong", kSystemHeader},
+    {"CORBA::ULongLong", kSystemHeader},
+    {"CORBA::UShort", kSystemHeader},
+    {"CORBA::UserException", kSystemHeader},
+    {"CORBA::VM_ABSTRACT", kSystemHeader},
+    {"CORBA::VM_CUSTOM", kSystemHeader},
+    {"CORBA::VM_NONE", kSystemHeader},
+    {"CORBA::VM_TRUNCATABLE", kSystemHeader},
+    {"CORBA::ValueBase", kSystemHeader},
+    {"CORBA::ValueModifier", kSystemHeader},
+    {"CORBA::WChar", kSystemHeader},
+#define YV_SYSTEM_EXCEPTION(name) {"CORBA::" #name, kSystemHeader},
+#include "../../../runtime/include/zantic_sys/CORBA/SystemExceptions.def"
+#undef YV_SYSTEM_EXCEPTION
     {"PortableServer::POA", "<omg/PortableServer.hh>"},
     {"PortableServer::POAManager", "<omg/PortableServer.hh>"},
     {"PortableServer::ObjectId", "<omg/PortableServer.hh>"},
@@ -69,7 +128,7 @@ std::vector<std::string> CxxRuntimeNames::headers_for(AST_Root* root, NameResolv
     std::sort(found.begin(), found.end()); // the list's order
     std::vector<std::string> headers;
     for (const ProvidedName* p : found)
-        if (std::find(headers.begin(), headers.end(), p->header) == headers.end())
+        if (p->header != kSystemHeader && std::find(headers.begin(), headers.end(), p->header) == headers.end())
             headers.push_back(p->header);
     return headers;
 }

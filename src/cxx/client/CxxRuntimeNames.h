@@ -1,8 +1,9 @@
 // The declarations that the runtime defines itself although IDL files
-// declare them too (the object adapter and its object ids, the
-// reply-handler base and the exception holder of the callback model). A client header does not define
-// them again: it includes the runtime's header for them instead. The list
-// is the one in docs/runtime-names.md ("Names the runtime defines").
+// declare them too (every name of its CORBA namespace, the object adapter
+// and its object ids, the reply-handler base and the exception holder of
+// the callback model). A client header does not define them again: it
+// includes the runtime's header for them instead. The list is the one in
+// docs/runtime-names.md ("Names the runtime defines").
 #ifndef CXXRUNTIMENAMES_H
 #define CXXRUNTIMENAMES_H
 

@@ -29,6 +29,8 @@ void collect(UTL_Scope* s, NameResolver& resolver, std::vector<AST_Decl*>& found
         case AST_Decl::NT_struct:
         case AST_Decl::NT_union:
         case AST_Decl::NT_except:
+            if (CxxRuntimeNames::provided(d, resolver))
+                break;
             found.push_back(d);
             collect(DeclAsScope(d), resolver, found);
             break;

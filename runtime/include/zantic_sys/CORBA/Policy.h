@@ -14,6 +14,7 @@
 namespace CORBA {
 
 typedef ULong PolicyType;
+typedef PolicyType& PolicyType_out;
 
 class Policy;
 typedef Policy* Policy_ptr;

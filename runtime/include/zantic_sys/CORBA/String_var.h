@@ -9,6 +9,11 @@ namespace CORBA {
 
 typedef YV_Cxx::StringVar<char> String_var;
 typedef YV_Cxx::StringOut<char> String_out;
+// The mapping's forms of the string typedefs of Types.h.
+typedef String_var Identifier_var;
+typedef String_out Identifier_out;
+typedef String_var RepositoryId_var;
+typedef String_out RepositoryId_out;
 typedef YV_Cxx::StringVar<WChar> WString_var;
 typedef YV_Cxx::StringOut<WChar> WString_out;
 

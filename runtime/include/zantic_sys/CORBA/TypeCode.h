@@ -41,6 +41,7 @@ namespace CORBA {
 // The modifier of a value type. (Visibility and its constants, the
 // visibility of a value type's state member, belong to corbaidl.idl.)
 typedef Short ValueModifier;
+typedef ValueModifier& ValueModifier_out;
 const ValueModifier VM_NONE = 0;
 const ValueModifier VM_CUSTOM = 1;
 const ValueModifier VM_ABSTRACT = 2;

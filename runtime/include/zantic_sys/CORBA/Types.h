@@ -41,9 +41,11 @@ typedef char* RepositoryId;
 typedef char* Identifier;
 
 enum CompletionStatus { COMPLETED_YES, COMPLETED_NO, COMPLETED_MAYBE };
+typedef CompletionStatus& CompletionStatus_out;
 
 // Flags of a named value: the direction of an argument.
 typedef ULong Flags;
+typedef Flags& Flags_out;
 const Flags ARG_IN = 0x1;
 const Flags ARG_OUT = 0x2;
 const Flags ARG_INOUT = 0x4;
@@ -58,6 +60,7 @@ enum TCKind {
     tk_fixed, tk_value, tk_value_box, tk_native, tk_abstract_interface,
     tk_local_interface
 };
+typedef TCKind& TCKind_out;
 
 class Any;
 class Exception;

@@ -63,6 +63,28 @@ YV_MARSHAL_PRIMITIVE(CORBA::Double, double, 8)
 YV_MARSHAL_PRIMITIVE(CORBA::LongDouble, longdouble, 16)
 #undef YV_MARSHAL_PRIMITIVE
 
+// The enumerations of the CORBA namespace. IDL that declares them again (a
+// copy of an ORB's own IDL) uses the runtime's, so their marshaling is here
+// and not in generated code; it is the one generated for an enumeration.
+template <class E, E Last>
+struct EnumMarshal {
+    static constexpr std::size_t min_size = 4;
+    static void write(YV_CDR::OutputStream& out, E v) { out.write_ulong(static_cast<CORBA::ULong>(v)); }
+    static void read(YV_CDR::InputStream& in, E& v)
+    {
+        const CORBA::ULong n = in.read_ulong();
+        if (n > static_cast<CORBA::ULong>(Last))
+            YV_CDR::InputStream::fail(YV_CDR::minor_bad_enum);
+        v = static_cast<E>(n);
+    }
+};
+template <>
+struct Marshal<CORBA::TCKind> : EnumMarshal<CORBA::TCKind, CORBA::tk_local_interface> {
+};
+template <>
+struct Marshal<CORBA::CompletionStatus> : EnumMarshal<CORBA::CompletionStatus, CORBA::COMPLETED_MAYBE> {
+};
+
 // Runs of values: primitives whose CDR form is their memory image (the
 // integers, float and double, octets and chars) go as one block, booleans
 // checked octet by octet, everything else value by value.
