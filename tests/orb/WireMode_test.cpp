@@ -129,7 +129,7 @@ INSTANTIATE_TEST_SUITE_P(Paths, DispatchPaths,
 // Takes what the dispatcher sends, as a peer on the network would.
 class Peer : public YV_ORB::ServerDispatcher::Sink {
 public:
-    void send(std::vector<unsigned char> message) override { sent.push_back(std::move(message)); }
+    void send(const unsigned char* message, std::size_t size) override { sent.emplace_back(message, message + size); }
     bool remote() const override { return true; }
     void code_sets(const CodeSets::Context& chosen) override { chars = chosen.char_data; }
     std::vector<std::vector<unsigned char>> sent;

@@ -45,6 +45,10 @@ OutputStream::~OutputStream() { std::free(m_buf); }
 void OutputStream::reserve_more(std::size_t n)
 {
     std::size_t cap = m_cap == 0 ? 256 : m_cap;
+    // One large write (a block of octets) gets room for itself alone,
+    // rather than twice what it needs; doubling goes on from there.
+    if (n > cap && m_size + n > 2 * cap)
+        cap = m_size + n;
     while (cap - m_size < n) {
         if (cap > (static_cast<std::size_t>(-1) >> 1))
             throw CORBA::NO_MEMORY(0, CORBA::COMPLETED_NO);

@@ -31,7 +31,7 @@ Endpoint Acceptor::bound() const
     return e;
 }
 
-void Acceptor::on_ready(bool)
+void Acceptor::on_ready(bool, Reactor::Later&)
 {
     for (int i = 0; i < 64; ++i) {
         const int fd = ::accept4(m_socket.fd(), nullptr, nullptr, SOCK_CLOEXEC);

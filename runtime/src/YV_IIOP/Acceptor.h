@@ -1,4 +1,4 @@
-// A listening socket: accepts connections on the reactor's thread and hands
+// A listening socket: accepts connections on a reactor thread and hands
 // each new socket to the transport. When the process runs out of
 // descriptors it stops listening for a moment instead of spinning.
 #ifndef YV_IIOP_ACCEPTOR_H
@@ -22,7 +22,7 @@ public:
     // The address and port the socket listens on.
     Endpoint bound() const;
 
-    void on_ready(bool hangup) override;
+    void on_ready(bool hangup, Reactor::Later& later) override;
 
 private:
     Reactor& m_reactor;

@@ -33,13 +33,36 @@ ClientConnection::Result ClientConnection::call(CORBA::ULong request_id, const u
         // Nothing was answered: the server saw at most part of a message.
         return retry;
     }
+    // The caller reads the connection itself while no other caller does
+    // (no thread switch between the reply and its caller); a reply read by
+    // another caller is handed over.
     std::unique_lock<std::mutex> lock(m_mutex);
-    if (deadline == std::chrono::steady_clock::time_point::max())
-        m_answered.wait(lock, [&] { return pending->done; });
-    else if (!m_answered.wait_until(lock, deadline, [&] { return pending->done; })) {
-        // The request id is not used again: a late reply is dropped.
-        m_pending.erase(request_id);
-        return timed_out;
+    while (!pending->done) {
+        if (m_reader) {
+            if (deadline == std::chrono::steady_clock::time_point::max()) {
+                m_answered.wait(lock);
+            } else if (m_answered.wait_until(lock, deadline) == std::cv_status::timeout && !pending->done) {
+                // The request id is not used again: a late reply is dropped.
+                m_pending.erase(request_id);
+                return timed_out;
+            }
+            continue;
+        }
+        m_reader = true;
+        lock.unlock();
+        const bool ready = Socket::wait_readable(fd(), deadline);
+        if (ready) {
+            Reactor::Later none;
+            read_available(none);
+        }
+        lock.lock();
+        m_reader = false;
+        // Another caller may take over reading.
+        m_answered.notify_all();
+        if (!ready && !pending->done) {
+            m_pending.erase(request_id);
+            return timed_out;
+        }
     }
     if (pending->result == replied)
         reply = std::move(pending->reply);
@@ -67,7 +90,7 @@ void ClientConnection::close_orderly()
     close();
 }
 
-void ClientConnection::deliver(Message&& message)
+void ClientConnection::deliver(Message&& message, Reactor::Later&)
 {
     CORBA::ULong id = 0;
     switch (message.header.type) {

@@ -1,6 +1,8 @@
 // A connection this ORB opened to a server. Any number of threads share it:
-// each call has its own request id, and the reactor hands every reply to
-// the call that waits for it.
+// each call has its own request id. A call waiting for its reply reads the
+// connection itself when no other call does, and hands the replies it
+// reads to the calls they answer; the reactor watches the connection only
+// for its end (a server that closes it while no call waits).
 //
 // How a call ends: with its reply; `retry` when the server closed the
 // connection in order (CloseConnection) before answering, so the request
@@ -46,7 +48,7 @@ public:
     void abandon();
 
 protected:
-    void deliver(YV_GIOP::Message&& message) override;
+    void deliver(YV_GIOP::Message&& message, Reactor::Later& later) override;
     void lost() override;
 
 private:
@@ -62,6 +64,8 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_answered;
     std::map<CORBA::ULong, std::shared_ptr<Pending>> m_pending;
+    // A call is reading the connection.
+    bool m_reader = false;
     bool m_gone = false;
     bool m_orderly = false;
     YV_GIOP::Version m_version{1, 0};

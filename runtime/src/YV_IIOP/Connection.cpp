@@ -32,9 +32,9 @@ Connection::Connection(Reactor& reactor, Socket socket, std::size_t max_message)
 
 Connection::~Connection() = default;
 
-void Connection::attach()
+void Connection::attach(Reactor::Watching what)
 {
-    m_reactor.add(m_socket.fd(), shared_from_this());
+    m_reactor.add(m_socket.fd(), shared_from_this(), what);
 }
 
 bool Connection::send(const unsigned char* data, std::size_t size)
@@ -72,12 +72,26 @@ void Connection::refuse(Version version)
     ::shutdown(m_socket.fd(), SHUT_WR);
     std::weak_ptr<Connection> self = shared_from_this();
     m_reactor.post_after(drain_time, [self] {
-        if (auto c = self.lock())
+        if (auto c = self.lock()) {
+            std::lock_guard<std::mutex> lock(c->m_reading);
             c->finish();
+        }
     });
 }
 
-void Connection::on_ready(bool hangup)
+void Connection::on_ready(bool hangup, Reactor::Later& later)
+{
+    std::lock_guard<std::mutex> lock(m_reading);
+    read_locked(hangup, later);
+}
+
+void Connection::read_available(Reactor::Later& later)
+{
+    std::lock_guard<std::mutex> lock(m_reading);
+    read_locked(false, later);
+}
+
+void Connection::read_locked(bool hangup, Reactor::Later& later)
 {
     if (m_finished)
         return;
@@ -100,7 +114,7 @@ void Connection::on_ready(bool hangup)
                 m_start = 0;
                 m_end = 0;
             } else {
-                read_messages();
+                read_messages(later);
             }
             if (static_cast<std::size_t>(n) < room)
                 break;
@@ -117,7 +131,7 @@ void Connection::on_ready(bool hangup)
         finish();
 }
 
-void Connection::read_messages()
+void Connection::read_messages(Reactor::Later& later)
 {
     while (!m_draining && m_end - m_start >= MessageHeader::size) {
         const unsigned char* p = m_in.data() + m_start;
@@ -149,7 +163,7 @@ void Connection::read_messages()
         Message whole;
         switch (m_assembler.add(std::move(piece), whole)) {
         case FragmentAssembler::complete:
-            deliver(std::move(whole));
+            deliver(std::move(whole), later);
             break;
         case FragmentAssembler::pending:
             break;
@@ -173,6 +187,8 @@ void Connection::finish()
         return;
     m_finished = true;
     m_closed = true;
+    // A caller waiting on the socket for its reply wakes and finds the end.
+    ::shutdown(m_socket.fd(), SHUT_RDWR);
     // Keeps the connection alive while the reactor lets go of it.
     std::shared_ptr<Connection> self = shared_from_this();
     m_reactor.remove(m_socket.fd());

@@ -1,4 +1,5 @@
-// One TCP connection carrying GIOP messages. The reactor's thread reads:
+// One TCP connection carrying GIOP messages. A reactor thread (or, for a
+// client, a caller waiting for its reply) reads, one reader at a time:
 // octets are cut into messages by their headers, fragments are put
 // together, and every whole message goes to deliver() of the role (client
 // or server). Any thread may send a whole message; sends of one connection
@@ -34,8 +35,10 @@ public:
     Connection(Reactor& reactor, Socket socket, std::size_t max_message);
     ~Connection() override;
 
-    // Starts reading (the reactor keeps the connection from then on).
-    void attach();
+    // Starts watching the socket (the reactor keeps the connection from
+    // then on): for input, or only for its end (a client reads its replies
+    // itself).
+    void attach(Reactor::Watching what = Reactor::input);
     // Sends one whole message; false when the connection is gone (it is
     // then closed).
     bool send(const unsigned char* data, std::size_t size);
@@ -45,27 +48,36 @@ public:
     bool is_closed() const { return m_closed; }
     int fd() const { return m_socket.fd(); }
 
-    void on_ready(bool hangup) override;
+    void on_ready(bool hangup, Reactor::Later& later) override;
 
     // How long a send may wait for the peer to read.
     static constexpr std::chrono::seconds send_timeout{60};
 
 protected:
-    // A whole message (reactor thread).
-    virtual void deliver(YV_GIOP::Message&& message) = 0;
-    // The connection ended (reactor thread, once).
+    // A whole message (the reading thread). Work that takes time goes to
+    // `later` (the reactor runs it once reading goes on) or elsewhere.
+    virtual void deliver(YV_GIOP::Message&& message, Reactor::Later& later) = 0;
+    // The connection ended (the reading thread, once).
     virtual void lost() = 0;
+    // Reads what the socket holds (without waiting) and delivers the whole
+    // messages; sees the end of the connection. Any thread; readers take
+    // turns.
+    void read_available(Reactor::Later& later);
     // Sends MessageError, then closes after the peer had time to read it.
     void refuse(YV_GIOP::Version version);
     Reactor& reactor() { return m_reactor; }
 
 private:
-    void read_messages();
+    void read_locked(bool hangup, Reactor::Later& later);
+    void read_messages(Reactor::Later& later);
+    // Ends the connection; m_reading is held.
     void finish();
 
     Reactor& m_reactor;
     Socket m_socket;
     const std::size_t m_max;
+    // Held while reading; guards what follows up to m_write.
+    std::mutex m_reading;
     YV_GIOP::FragmentAssembler m_assembler;
     // Octets read and not yet taken are m_in[m_start, m_end); the vector
     // only grows (up to a limit), so that reads neither zero-fill nor

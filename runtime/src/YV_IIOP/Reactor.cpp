@@ -1,5 +1,6 @@
 #include "YV_IIOP/Reactor.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <sys/epoll.h>
 #include <sys/eventfd.h>
@@ -19,12 +20,15 @@ std::uint64_t tag(int fd, std::uint32_t generation)
 
 } // namespace
 
-Reactor::Reactor()
+Reactor::Reactor(std::size_t max_threads, std::size_t idle_threads, std::chrono::milliseconds idle_time)
+    : m_max(std::max<std::size_t>(max_threads, 1)), m_keep(std::max<std::size_t>(idle_threads, 1)),
+      m_idle_time(idle_time)
 {
     m_epoll = ::epoll_create1(EPOLL_CLOEXEC);
     m_wake = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
     if (m_epoll < 0 || m_wake < 0)
         throw std::system_error(errno, std::generic_category(), "epoll");
+    // Level-triggered and never disarmed: once stopping, every thread sees it.
     epoll_event e{};
     e.events = EPOLLIN;
     e.data.u64 = tag(m_wake, 0);
@@ -40,22 +44,28 @@ Reactor::~Reactor()
 
 void Reactor::start()
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
-    if (!m_thread.joinable()) {
+    std::unique_lock<std::mutex> lock(m_mutex);
+    if (m_threads.empty()) {
         m_stopping = false;
-        m_thread = std::thread([this] { run(); });
+        spawn(lock);
     }
 }
 
 void Reactor::stop()
 {
+    std::list<std::thread> threads;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         m_stopping = true;
+        threads.swap(m_threads);
+        m_finished.clear();
     }
     wake();
-    if (m_thread.joinable() && !on_reactor_thread())
-        m_thread.join();
+    for (std::thread& t : threads)
+        if (t.get_id() != std::this_thread::get_id())
+            t.join();
+        else
+            t.detach();  // stopped from work a reactor thread runs: it ends when that returns
     std::map<int, Watch> handlers;
     std::multimap<Clock::time_point, std::function<void()>> timers;
     std::vector<std::function<void()>> posted;
@@ -69,16 +79,17 @@ void Reactor::stop()
         ::epoll_ctl(m_epoll, EPOLL_CTL_DEL, h.first, nullptr);
 }
 
-void Reactor::add(int fd, std::shared_ptr<Handler> handler)
+void Reactor::add(int fd, std::shared_ptr<Handler> handler, Watching what)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     const std::uint32_t generation = ++m_generation;
+    const std::uint32_t events = what == input ? EPOLLIN | EPOLLRDHUP : EPOLLRDHUP;
     epoll_event e{};
-    e.events = EPOLLIN | EPOLLRDHUP;
+    e.events = events | EPOLLONESHOT;
     e.data.u64 = tag(fd, generation);
     if (::epoll_ctl(m_epoll, EPOLL_CTL_ADD, fd, &e) != 0)
         throw std::system_error(errno, std::generic_category(), "epoll_ctl");
-    m_handlers[fd] = Watch{generation, std::move(handler)};
+    m_handlers[fd] = Watch{generation, events, std::move(handler)};
 }
 
 void Reactor::remove(int fd)
@@ -92,6 +103,18 @@ void Reactor::remove(int fd)
     // The handler may be the caller: it goes after the lock, not in it.
     dropped = std::move(found->second.handler);
     m_handlers.erase(found);
+}
+
+void Reactor::rearm(int fd, std::uint32_t generation)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    auto found = m_handlers.find(fd);
+    if (found == m_handlers.end() || found->second.generation != generation)
+        return;  // removed meanwhile
+    epoll_event e{};
+    e.events = found->second.events | EPOLLONESHOT;
+    e.data.u64 = tag(fd, generation);
+    ::epoll_ctl(m_epoll, EPOLL_CTL_MOD, fd, &e);
 }
 
 void Reactor::post(std::function<void()> work)
@@ -119,53 +142,104 @@ void Reactor::wake()
     static_cast<void>(n);
 }
 
+void Reactor::spawn(std::unique_lock<std::mutex>&)
+{
+    for (std::thread::id id : m_finished) {
+        auto it = std::find_if(m_threads.begin(), m_threads.end(),
+                               [id](const std::thread& t) { return t.get_id() == id; });
+        if (it != m_threads.end()) {
+            it->join();  // it has left run(): the join is immediate
+            m_threads.erase(it);
+        }
+    }
+    m_finished.clear();
+    if (!m_stopping && m_threads.size() < m_max)
+        m_threads.emplace_back([this] { run(); });
+}
+
+void Reactor::keep_a_follower()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    ++m_busy;
+    if (m_threads.size() - m_finished.size() <= m_busy)
+        spawn(lock);
+}
+
 void Reactor::run()
 {
-    std::vector<epoll_event> events(64);
+    epoll_event event{};
+    std::unique_lock<std::mutex> lock(m_mutex);
     for (;;) {
-        int timeout = -1;
+        if (m_stopping)
+            return;
         std::vector<std::function<void()>> work;
-        {
-            std::lock_guard<std::mutex> lock(m_mutex);
-            if (m_stopping)
-                return;
-            work.swap(m_posted);
-            const Clock::time_point now = Clock::now();
-            while (!m_timers.empty() && m_timers.begin()->first <= now) {
-                work.push_back(std::move(m_timers.begin()->second));
-                m_timers.erase(m_timers.begin());
-            }
-            if (!m_timers.empty()) {
-                const auto wait = std::chrono::duration_cast<std::chrono::milliseconds>(m_timers.begin()->first - now);
-                timeout = static_cast<int>(wait.count()) + 1;
-            }
+        work.swap(m_posted);
+        const Clock::time_point now = Clock::now();
+        while (!m_timers.empty() && m_timers.begin()->first <= now) {
+            work.push_back(std::move(m_timers.begin()->second));
+            m_timers.erase(m_timers.begin());
         }
-        for (std::function<void()>& w : work)
-            w();
-        if (!work.empty())
-            timeout = 0;
-        const int n = ::epoll_wait(m_epoll, events.data(), static_cast<int>(events.size()), timeout);
+        if (!work.empty()) {
+            lock.unlock();
+            for (std::function<void()>& w : work)
+                w();
+            work.clear();
+            lock.lock();
+            continue;
+        }
+        auto wait = m_idle_time;
+        const bool timers = !m_timers.empty();
+        if (timers)
+            wait = std::min(wait, std::chrono::duration_cast<std::chrono::milliseconds>(m_timers.begin()->first - now) +
+                                      std::chrono::milliseconds(1));
+        lock.unlock();
+        const int n = ::epoll_wait(m_epoll, &event, 1, static_cast<int>(wait.count()));
+        lock.lock();
         if (n < 0 && errno != EINTR)
             return;
-        for (int i = 0; i < n; ++i) {
-            const int fd = static_cast<int>(events[i].data.u64 & 0xffffffffu);
-            const std::uint32_t generation = static_cast<std::uint32_t>(events[i].data.u64 >> 32);
-            if (fd == m_wake) {
-                std::uint64_t count;
-                while (::read(m_wake, &count, sizeof count) > 0) {
+        if (n == 0 && !timers && m_threads.size() - m_finished.size() > m_keep) {
+            // Nothing to do for a while, and enough threads without this one.
+            m_finished.push_back(std::this_thread::get_id());
+            return;
+        }
+        if (n <= 0)
+            continue;
+        const int fd = static_cast<int>(event.data.u64 & 0xffffffffu);
+        const std::uint32_t generation = static_cast<std::uint32_t>(event.data.u64 >> 32);
+        if (fd == m_wake) {
+            if (m_stopping)
+                return;
+            std::uint64_t count;
+            while (::read(m_wake, &count, sizeof count) > 0) {
+            }
+            continue;
+        }
+        std::shared_ptr<Handler> handler;
+        auto found = m_handlers.find(fd);
+        if (found != m_handlers.end() && found->second.generation == generation)
+            handler = found->second.handler;
+        lock.unlock();
+        if (handler) {
+            Later later;
+            handler->on_ready((event.events & (EPOLLHUP | EPOLLERR)) != 0, later);
+            handler.reset();
+            rearm(fd, generation);
+            if (!later.empty()) {
+                keep_a_follower();
+                for (std::function<void()>& w : later) {
+                    try {
+                        w();
+                    } catch (...) {
+                        // Work reports its own failures; the thread goes on.
+                    }
                 }
+                later.clear();
+                lock.lock();
+                --m_busy;
                 continue;
             }
-            std::shared_ptr<Handler> handler;
-            {
-                std::lock_guard<std::mutex> lock(m_mutex);
-                auto found = m_handlers.find(fd);
-                if (found != m_handlers.end() && found->second.generation == generation)
-                    handler = found->second.handler;
-            }
-            if (handler)
-                handler->on_ready((events[i].events & (EPOLLHUP | EPOLLERR)) != 0);
         }
+        lock.lock();
     }
 }
 

@@ -1,13 +1,24 @@
-// The event loop of the transport: one thread waits (epoll) for sockets to
-// become readable and calls their handlers; other threads post work and
-// timers to it. Handlers run on the reactor's thread only, one at a time,
-// so they never block: what takes time goes to the worker pool.
+// The event loop of the transport: threads wait (epoll) for sockets to
+// become ready and call their handlers; other threads post work and timers
+// to it.
+//
+// Several threads wait on the one epoll set (leader/followers): a socket's
+// event goes to one of them, and the socket is not watched again until its
+// handler returns, so a handler never runs twice at once for one socket. A
+// handler may hand back work that takes time (serving a request it read):
+// the thread that read it runs it after the socket is watched again, and
+// first makes sure another thread waits for events (a new one when none
+// is left), so nothing waits behind it: a request needs no switch of
+// thread, and a servant that calls back into its caller still finds a
+// thread to read the callback. Threads beyond `idle_threads` end after
+// `idle_time` without events.
 #ifndef YV_IIOP_REACTOR_H
 #define YV_IIOP_REACTOR_H
 
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -19,43 +30,61 @@ namespace YV_IIOP {
 class Reactor {
 public:
     typedef std::chrono::steady_clock Clock;
+    // Work a handler hands back, run after its socket is watched again.
+    typedef std::vector<std::function<void()>> Later;
 
     class Handler {
     public:
         virtual ~Handler() = default;
-        // The socket is readable, or closed or in error (`hangup`).
-        virtual void on_ready(bool hangup) = 0;
+        // The socket is ready, or closed or in error (`hangup`).
+        virtual void on_ready(bool hangup, Later& later) = 0;
     };
 
-    Reactor();
+    // What a socket is watched for: input (and its end), or only its end.
+    enum Watching { input, hangup_only };
+
+    explicit Reactor(std::size_t max_threads = 1024, std::size_t idle_threads = 4,
+                     std::chrono::milliseconds idle_time = std::chrono::seconds(30));
     ~Reactor();
     Reactor(const Reactor&) = delete;
     Reactor& operator=(const Reactor&) = delete;
 
     void start();
-    // Stops the thread (waits for it); handlers are dropped.
+    // Stops the threads (waits for them, and for the work they run);
+    // handlers are dropped.
     void stop();
-    bool on_reactor_thread() const { return std::this_thread::get_id() == m_thread.get_id(); }
 
-    // Watches `fd` for input until remove (the reactor keeps `handler`).
-    void add(int fd, std::shared_ptr<Handler> handler);
+    // Watches `fd` until remove (the reactor keeps `handler`).
+    void add(int fd, std::shared_ptr<Handler> handler, Watching what = input);
     void remove(int fd);
-    // Runs `work` on the reactor's thread, at once or after `delay`.
+    // Runs `work` on one of the reactor's threads, at once or after `delay`.
     void post(std::function<void()> work);
     void post_after(Clock::duration delay, std::function<void()> work);
 
 private:
     void run();
     void wake();
+    void rearm(int fd, std::uint32_t generation);
+    // Before a thread runs work handed back: another thread waits for
+    // events, a new one if needed (and allowed).
+    void keep_a_follower();
+    void spawn(std::unique_lock<std::mutex>& lock);
 
+    const std::size_t m_max;
+    const std::size_t m_keep;
+    const std::chrono::milliseconds m_idle_time;
     int m_epoll = -1;
     int m_wake = -1;
-    std::thread m_thread;
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     bool m_stopping = false;
+    std::list<std::thread> m_threads;
+    std::vector<std::thread::id> m_finished;
+    // Threads running work handed back (the others wait for events).
+    std::size_t m_busy = 0;
     std::uint32_t m_generation = 0;
     struct Watch {
         std::uint32_t generation;
+        std::uint32_t events;
         std::shared_ptr<Handler> handler;
     };
     std::map<int, Watch> m_handlers;

@@ -40,7 +40,7 @@ void ServerConnection::close_orderly()
     close();
 }
 
-void ServerConnection::deliver(Message&& message)
+void ServerConnection::deliver(Message&& message, Reactor::Later& later)
 {
     {
         std::lock_guard<std::mutex> lock(m_mutex);
@@ -52,7 +52,13 @@ void ServerConnection::deliver(Message&& message)
         auto shared = std::make_shared<const Message>(std::move(message));
         std::shared_ptr<ServerConnection> self = std::static_pointer_cast<ServerConnection>(shared_from_this());
         const Handler& handler = m_handler;
-        m_pool.submit([shared, self, &handler] { handler(shared, self); });
+        // The thread that read the request serves it; when one read brings
+        // several, the earlier ones go to the worker pool.
+        if (!later.empty()) {
+            m_pool.submit(std::move(later.back()));
+            later.pop_back();
+        }
+        later.push_back([shared, self, &handler] { handler(shared, self); });
         break;
     }
     case CloseConnection:

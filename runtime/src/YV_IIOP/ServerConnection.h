@@ -1,6 +1,8 @@
 // A connection a client opened to this ORB. Requests and locate requests go
-// to the worker pool and from there to the request handler (the ORB's
-// server dispatcher), which answers through send(). CancelRequest is
+// to the request handler (the ORB's server dispatcher), which answers
+// through send(): on the reactor thread that read them, once the socket is
+// watched again (when one read brings several requests, the earlier ones go
+// to the worker pool). CancelRequest is
 // ignored (the reply, if any, is sent anyway and the client drops it);
 // CloseConnection and MessageError from the client end the connection;
 // replies sent to a server are ignored.
@@ -32,7 +34,7 @@ public:
     void close_orderly();
 
 protected:
-    void deliver(YV_GIOP::Message&& message) override;
+    void deliver(YV_GIOP::Message&& message, Reactor::Later& later) override;
     void lost() override;
 
 private:

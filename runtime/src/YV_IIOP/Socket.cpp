@@ -164,6 +164,19 @@ std::uint16_t Socket::local_port() const
     return ntohs(reinterpret_cast<sockaddr_in*>(&address)->sin_port);
 }
 
+bool Socket::wait_readable(int fd, std::chrono::steady_clock::time_point deadline)
+{
+    const bool forever = deadline == std::chrono::steady_clock::time_point::max();
+    for (;;) {
+        pollfd p{fd, POLLIN | POLLRDHUP, 0};
+        const int rc = ::poll(&p, 1, forever ? -1 : remaining_ms(deadline));
+        if (rc > 0 || (rc < 0 && errno != EINTR))
+            return true;  // an error shows when reading
+        if (!forever && std::chrono::steady_clock::now() >= deadline)
+            return false;
+    }
+}
+
 bool Socket::write_all(int fd, const unsigned char* data, std::size_t size,
                        std::chrono::steady_clock::time_point deadline)
 {

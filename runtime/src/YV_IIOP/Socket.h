@@ -46,6 +46,10 @@ public:
     static bool write_all(int fd, const unsigned char* data, std::size_t size,
                           std::chrono::steady_clock::time_point deadline);
 
+    // Waits until `fd` has input (or its end, or an error); false when
+    // `deadline` passed first (time_point::max(): no deadline).
+    static bool wait_readable(int fd, std::chrono::steady_clock::time_point deadline);
+
 private:
     int m_fd = -1;
 };

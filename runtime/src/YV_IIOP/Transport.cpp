@@ -3,7 +3,7 @@
 namespace YV_IIOP {
 
 Transport::Transport(const Options& options, ServerConnection::Handler handler)
-    : m_options(options), m_handler(std::move(handler)), m_pool(options.max_threads)
+    : m_options(options), m_handler(std::move(handler)), m_reactor(options.max_threads), m_pool(options.max_threads)
 {
     m_reactor.start();
 }
@@ -78,7 +78,7 @@ std::shared_ptr<ClientConnection> Transport::connect(const std::string& host, st
             return nullptr;
         slot->connection = connection;
     }
-    connection->attach();
+    connection->attach(Reactor::hangup_only);
     return connection;
 }
 
@@ -114,13 +114,14 @@ void Transport::shutdown()
     }
     for (auto& a : acceptors)
         a->detach();
-    // Requests being served finish first; their replies still go out.
+    // Requests being served (by the pool and by the reactor's threads)
+    // finish first; their replies still go out.
     m_pool.stop();
+    m_reactor.stop();
     for (auto& c : served)
         c->close_orderly();
     for (auto& c : clients)
         c->close_orderly();
-    m_reactor.stop();
     for (auto& c : clients)
         c->abandon();
     std::lock_guard<std::mutex> lock(m_mutex);

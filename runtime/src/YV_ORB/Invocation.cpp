@@ -32,7 +32,7 @@ constexpr int max_forwards = 16;
 // Takes the reply of a request served in this thread.
 class CapturingSink : public ServerDispatcher::Sink {
 public:
-    void send(std::vector<unsigned char> message) override { reply = std::move(message); }
+    void send(const unsigned char* message, std::size_t size) override { reply.assign(message, message + size); }
     bool remote() const override { return false; }
     std::vector<unsigned char> reply;
 };

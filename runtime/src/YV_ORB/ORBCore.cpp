@@ -30,7 +30,7 @@ public:
         : m_connection(std::move(connection))
     {
     }
-    void send(std::vector<unsigned char> message) override { m_connection->send(message); }
+    void send(const unsigned char* message, std::size_t size) override { m_connection->send(message, size); }
     void code_sets(const YV_GIOP::CodeSets::Context& chosen) override { m_connection->code_sets(chosen); }
     bool remote() const override { return true; }
 

@@ -48,7 +48,7 @@ void ReplyBuilder::exception(const CORBA::Exception& e)
     }
 }
 
-std::vector<unsigned char> ReplyBuilder::take()
+void ReplyBuilder::finish()
 {
     if (m_framed) {
         MessageHeader h;
@@ -58,6 +58,11 @@ std::vector<unsigned char> ReplyBuilder::take()
         h.body_size = static_cast<CORBA::ULong>(m_out.size() - MessageHeader::size);
         h.write(m_out.data());
     }
+}
+
+std::vector<unsigned char> ReplyBuilder::take()
+{
+    finish();
     return std::vector<unsigned char>(m_out.data(), m_out.data() + m_out.size());
 }
 

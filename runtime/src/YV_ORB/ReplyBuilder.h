@@ -33,7 +33,11 @@ public:
     // and completion status.
     void exception(const CORBA::Exception& e);
 
-    // Completes the reply and hands out its octets.
+    // Completes the reply; data() and size() then hold its octets.
+    void finish();
+    const unsigned char* data() const { return m_out.data(); }
+    std::size_t size() const { return m_out.size(); }
+    // Completes the reply and hands out a copy of its octets.
     std::vector<unsigned char> take();
 
 private:

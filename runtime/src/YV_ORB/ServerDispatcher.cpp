@@ -121,8 +121,10 @@ void ServerDispatcher::serve_request(const std::shared_ptr<const Message>& messa
     } catch (...) {
         reply.exception(CORBA::UNKNOWN(0, status));
     }
-    if (reply_expected)
-        sink->send(reply.take());
+    if (reply_expected) {
+        reply.finish();
+        sink->send(reply.data(), reply.size());
+    }
 }
 
 void ServerDispatcher::serve_locate(const Message& message, Sink& sink)
@@ -150,7 +152,7 @@ void ServerDispatcher::serve_locate(const Message& message, Sink& sink)
     MessageBuilder b(version, LocateReply);
     answer.write(b.stream());
     b.finish();
-    sink.send(std::vector<unsigned char>(b.data(), b.data() + b.size()));
+    sink.send(b.data(), b.size());
 }
 
 } // namespace YV_ORB

@@ -22,7 +22,9 @@ public:
     class Sink {
     public:
         virtual ~Sink() = default;
-        virtual void send(std::vector<unsigned char> message) = 0;
+        // One whole message (the octets are the caller's).
+        virtual void send(const unsigned char* message, std::size_t size) = 0;
+        void send(const std::vector<unsigned char>& message) { send(message.data(), message.size()); }
         // The transmission code sets the peer chose (its first request says).
         virtual void code_sets(const YV_GIOP::CodeSets::Context& chosen) { static_cast<void>(chosen); }
         // True for a peer on the network: a holding POA manager queues its

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <type_traits>
 #include <utility>
 
 namespace YV_Cxx {
@@ -30,6 +31,17 @@ void copy_element(T (&to)[N], const T (&from)[N])
 {
     for (std::size_t i = 0; i < N; ++i)
         copy_element(to[i], from[i]);
+}
+
+// Copies n elements: numbers, octets and plain structs as one block.
+template <class T>
+void copy_elements(T* to, const T* from, std::size_t n)
+{
+    if constexpr (std::is_trivially_copyable<T>::value && !std::is_array<T>::value)
+        std::copy_n(from, n, to);
+    else
+        for (std::size_t i = 0; i < n; ++i)
+            copy_element(to[i], from[i]);
 }
 
 template <class T>
@@ -70,8 +82,7 @@ public:
     {
         check_bound(length);
         reserve(std::max(m_max, length));
-        for (CORBA::ULong i = 0; i < length; ++i)
-            seq_element::copy_element(m_buf[i], data[i]);
+        seq_element::copy_elements(m_buf.get(), data, length);
         m_len = length;
         if (release)
             freebuf(data);
@@ -79,8 +90,7 @@ public:
     Sequence(const Sequence& other) : m_max(other.m_max)
     {
         reserve(std::max(other.m_max, other.m_len));
-        for (CORBA::ULong i = 0; i < other.m_len; ++i)
-            seq_element::copy_element(m_buf[i], other.m_buf[i]);
+        seq_element::copy_elements(m_buf.get(), other.m_buf.get(), other.m_len);
         m_len = other.m_len;
     }
     Sequence(Sequence&& other) noexcept
@@ -157,8 +167,11 @@ private:
         if (cap <= m_cap)
             return;
         std::unique_ptr<T[]> fresh(new T[cap]());
-        for (CORBA::ULong i = 0; i < m_len; ++i)
-            seq_element::move_element(fresh[i], m_buf[i]);
+        if constexpr (std::is_trivially_copyable<T>::value && !std::is_array<T>::value)
+            seq_element::copy_elements(fresh.get(), m_buf.get(), m_len);
+        else
+            for (CORBA::ULong i = 0; i < m_len; ++i)
+                seq_element::move_element(fresh[i], m_buf[i]);
         m_buf = std::move(fresh);
         m_cap = cap;
     }
