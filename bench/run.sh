@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 cmake --preset default >/dev/null
-cmake --build --preset default -j 2 --target yvidl yv_poa_cxx_ibe yv_bench
+cmake --build --preset default -j 2 --target yvidl yv_cxx_ibe yv_poa_cxx_ibe yv_bench
 
 compare=()
 if ! command -v omniidl >/dev/null 2>&1; then

@@ -2,7 +2,10 @@
 
 #include "CxxTypeMapping.h"
 
+#include <algorithm>
+#include <bitset>
 #include <iterator>
+#include <string_view>
 #include <unordered_set>
 
 namespace {
@@ -27,12 +30,39 @@ const char* const cxx_keywords[] = {
     "xor",       "xor_eq",
 };
 
+// The words, and what lets most names be turned away without hashing them
+// (names are asked for millions of times): the shortest and longest word,
+// and the letters words start with.
+struct Keywords {
+    std::unordered_set<std::string_view> words;
+    std::size_t shortest = std::string_view::npos;
+    std::size_t longest = 0;
+    std::bitset<256> first_letters;
+
+    Keywords() : words(std::begin(cxx_keywords), std::end(cxx_keywords))
+    {
+        for (std::string_view w : words) {
+            shortest = std::min(shortest, w.size());
+            longest = std::max(longest, w.size());
+            first_letters.set(static_cast<unsigned char>(w.front()));
+        }
+    }
+
+    bool contain(std::string_view name) const
+    {
+        if (name.size() < shortest || name.size() > longest ||
+            !first_letters.test(static_cast<unsigned char>(name.front())))
+            return false;
+        return words.count(name) != 0;
+    }
+};
+
 } // namespace
 
 bool CPPResolver::is_cxx_keyword(const std::string& name)
 {
-    static const std::unordered_set<std::string> keywords(std::begin(cxx_keywords), std::end(cxx_keywords));
-    return keywords.count(name) != 0;
+    static const Keywords keywords;
+    return keywords.contain(name);
 }
 
 bool CPPResolver::is_reserved(const std::string& name) const { return is_cxx_keyword(name); }

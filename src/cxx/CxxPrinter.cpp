@@ -1,6 +1,7 @@
 #include "CxxPrinter.h"
 
 #include "UTL_Indent.h"
+#include "YV_TextBuffer.h"
 
 #include <charconv>
 #include <ostream>
@@ -12,16 +13,19 @@ CxxPrinter::Num::Num(long long value, int base)
 }
 
 CxxPrinter::CxxPrinter(std::ostream& os, UTL_Indent& indent, bool at_line_start)
-    : m_os(os), m_buf(os.rdbuf()), m_indent(indent), m_line_start(at_line_start)
+    : m_os(os), m_buf(os.rdbuf()), m_text(YV_TextBuffer::of(os)), m_indent(indent), m_line_start(at_line_start)
 {
 }
 
 // Text goes straight to the stream's buffer: emitters write millions of
 // short pieces, and the stream's per-call checks would cost more than the
-// copying.
+// copying. An output file's buffer is filled without a virtual call.
 void CxxPrinter::put(std::string_view text)
 {
-    m_buf->sputn(text.data(), static_cast<std::streamsize>(text.size()));
+    if (m_text)
+        m_text->append(text.data(), text.size());
+    else
+        m_buf->sputn(text.data(), static_cast<std::streamsize>(text.size()));
 }
 
 void CxxPrinter::put_indentation()

@@ -35,6 +35,7 @@
 #include <utility>
 
 class UTL_Indent;
+class YV_TextBuffer;
 
 class CxxPrinter {
 public:
@@ -153,6 +154,7 @@ private:
 
     std::ostream& m_os;
     std::streambuf* m_buf;
+    YV_TextBuffer* m_text;  // m_buf when it can be filled directly, else null
     UTL_Indent& m_indent;
     bool m_line_start;
 };

@@ -13,10 +13,8 @@
 #include "AST_UnionFwd.h"
 #include "AST_ValueFwd.h"
 #include "CxxTypeQueries.h"
-#include "DefaultOutputVisitor.h"
 #include "NameResolver.h"
 #include "UTL_Scope.h"
-#include "YV_ScratchStream.h"
 
 namespace {
 
@@ -143,14 +141,7 @@ unsigned long CxxTypeMapping::string_bound(AST_Type* t)
 
 std::string CxxTypeMapping::scoped_name(AST_Decl* d) const
 {
-    YV_ScratchStream os_buf;
-    std::ostream& os = os_buf.stream();
-    DefaultOutputVisitor plain(os, m_resolver);
-    if (m_from)
-        m_resolver.output_name_in_scope_with_visitor(os, d, m_from, &plain, "::");
-    else
-        m_resolver.output_fully_scoped_name_with_visitor(os, d, &plain, "::");
-    std::string name = os_buf.str();
+    std::string name = m_from ? m_resolver.name_in_scope(d, m_from) : m_resolver.scoped_name(d);
     if (!m_nested || !d->defined_in())
         return name;
     // The outermost component of a fully scoped name: a nested declaration
@@ -161,13 +152,8 @@ std::string CxxTypeMapping::scoped_name(AST_Decl* d) const
         outer = s;
     if (!m_nested->count(m_resolver.local_name(outer)))
         return name;
-    if (m_from) {
-        YV_ScratchStream full_buf;
-        DefaultOutputVisitor full_plain(full_buf.stream(), m_resolver);
-        m_resolver.output_fully_scoped_name_with_visitor(full_buf.stream(), d, &full_plain, "::");
-        if (full_buf.str() != name)
-            return name;  // relative to an enclosing scope: the nearest already
-    }
+    if (m_from && m_resolver.scoped_name(d) != name)
+        return name;  // relative to an enclosing scope: the nearest already
     return "::" + name;
 }
 

@@ -218,21 +218,23 @@ const std::set<std::string>* capture_guard_of(CodeGenerator* gen)
     return cxx ? cxx->capture_guard() : nullptr;
 }
 
+// Both files are written as they are made, straight into the output file:
+// the text of a large IDL file is tens of megabytes. An error in the middle
+// ends the run with the file discarded (nothing changes under its name).
 void GEN_CPlusPlus::generate_hh()
 {
     IDL_GlobalData* data = global_data();
     if (m_base_name.empty() || !data)
         return;
-    // The text is made in memory and written only when it is complete, so
-    // that an error in the middle leaves no half-written header.
-    std::ostringstream text;
+    YV_OutputFile text;
+    open_output_file(text, m_header_dir + m_header_name.str());
     outputIncludes(text);
     outputDeclSpec(text);
     output_os_specific_header_stuff(text);
     VIS_HH_MainStartPoint declarations(text, 0, data->root(), this);
     data->root()->accept(&declarations);
     text << "#endif\n";
-    write_output_file(m_header_dir + m_header_name.str(), text.str());
+    text.commit_or_exit(prog_name());
 }
 
 void GEN_CPlusPlus::generate_cxx()
@@ -240,12 +242,8 @@ void GEN_CPlusPlus::generate_cxx()
     IDL_GlobalData* data = global_data();
     if (m_base_name.empty() || !data)
         return;
-    std::ostringstream definitions;
-    VIS_CPP_MainStartPoint visitor(definitions, 0, data->root(), this);
-    data->root()->accept(&visitor);
-    if (definitions.str().empty())
-        return;
-    std::ostringstream text;
+    YV_OutputFile text;
+    open_output_file(text, m_stub_dir + m_stub_name.str());
     output_copyright(text);
     text << "#include ";
     if (m_include_prefix.empty())
@@ -254,18 +252,26 @@ void GEN_CPlusPlus::generate_cxx()
         text << "<" << m_include_prefix << "/" << m_header_name << ">\n";
     output_stub_system_includes(text);
     output_os_specific_stub_stuff(text);
-    text << "\n" << definitions.str();
-    write_output_file(m_stub_dir + m_stub_name.str(), text.str());
+    text << "\n";
+    const std::uint64_t prologue = text.size();
+    VIS_CPP_MainStartPoint visitor(text, 0, data->root(), this);
+    data->root()->accept(&visitor);
+    // A file that would hold no definition is not written.
+    if (text.size() == prologue)
+        text.discard();
+    else
+        text.commit_or_exit(prog_name());
 }
 
-void GEN_CPlusPlus::write_output_file(const YV_String& path, const std::string& text)
+std::string GEN_CPlusPlus::prog_name() const
 {
     IDL_GlobalData* data = global_data();
-    const std::string prog = data ? data->prog_name() : "yvidl";
-    YV_OutputFile out;
-    out.open_or_exit(path.str(), prog, ": Error: Could not open ");
-    out << text;
-    out.commit_or_exit(prog);
+    return data ? data->prog_name() : "yvidl";
+}
+
+void GEN_CPlusPlus::open_output_file(YV_OutputFile& out, const YV_String& path) const
+{
+    out.open_or_exit(path.str(), prog_name(), ": Error: Could not open ");
 }
 
 void GEN_CPlusPlus::generate_obv_hh() {}

@@ -12,6 +12,7 @@
 #include <string>
 
 class AST_Decl;
+class YV_OutputFile;
 
 class GEN_CPlusPlus : public virtual CodeGenerator {
 public:
@@ -55,9 +56,10 @@ protected:
     // Registers the client-side declaration visitors' nine factories, in
     // the order every generator's finder starts with.
     void add_client_declaration_factories();
-    // Writes `text` to a new file at `path`; a file that cannot be written
-    // ends the process with status 99 after a message on the error stream.
-    void write_output_file(const YV_String& path, const std::string& text);
+    // Opens `out` on `path`; a file that cannot be written ends the process
+    // with status 99 after a message on the error stream.
+    void open_output_file(YV_OutputFile& out, const YV_String& path) const;
+    std::string prog_name() const;
     // Applies one -x switch by name; reports an unknown name on the error
     // stream.
     virtual void code_off_switch(const char* name, long on, long off);

@@ -132,6 +132,7 @@ void YV_OutputFile::Buffer::attach(int fd)
 {
     m_fd = fd;
     m_errno = 0;
+    m_flushed = 0;
     setp(m_storage.data(), m_storage.data() + m_storage.size());
 }
 
@@ -139,6 +140,7 @@ bool YV_OutputFile::Buffer::flush_buffer()
 {
     const char* p = pbase();
     std::size_t left = static_cast<std::size_t>(pptr() - pbase());
+    m_flushed += left;
     while (left > 0 && m_fd >= 0 && m_errno == 0) {
         const ssize_t n = ::write(m_fd, p, left);
         if (n < 0 && errno == EINTR)

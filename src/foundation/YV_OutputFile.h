@@ -21,8 +21,10 @@
 #ifndef YV_OUTPUTFILE_H
 #define YV_OUTPUTFILE_H
 
+#include "YV_TextBuffer.h"
+
+#include <cstdint>
 #include <ostream>
-#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -54,6 +56,8 @@ public:
     // <reason>" on the error stream and ends the process with status 99.
     void commit_or_exit(const std::string& prog_name);
 
+    // The number of bytes written since open().
+    std::uint64_t size() const { return m_buf.size(); }
     // The name given to open().
     const std::string& path() const { return m_path; }
     // Why the last open or commit failed: the system's message, or our own
@@ -73,7 +77,7 @@ public:
     static void forget_files();
 
 private:
-    class Buffer : public std::streambuf {
+    class Buffer : public YV_TextBuffer {
     public:
         Buffer();
         ~Buffer() override;
@@ -83,6 +87,7 @@ private:
         bool close();
         int fd() const { return m_fd; }
         int error_number() const { return m_errno; }
+        std::uint64_t size() const { return m_flushed + static_cast<std::uint64_t>(pptr() - pbase()); }
 
     protected:
         int_type overflow(int_type c) override;
@@ -94,6 +99,7 @@ private:
         std::vector<char> m_storage;
         int m_fd = -1;
         int m_errno = 0;
+        std::uint64_t m_flushed = 0;  // bytes handed to write() since attach
     };
 
     void fail(const std::string& reason);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <vector>
 
 namespace {
 
@@ -87,6 +88,42 @@ TEST_F(CPPResolverTest, ScopedNamesWithAndWithoutVisitors)
     EXPECT_EQ(with_visitor.str(), "<M>::<N>::<I>");
     EXPECT_EQ(from_m.str(), "<N>::<I>");
     EXPECT_EQ(from_other.str(), "<M>_<N>_<I>");
+}
+
+// The kept names agree with the names written component by component, for
+// every node seen from every scope (the root, enclosing scopes, a reopened
+// module, unrelated scopes); each resolver keeps its own names, and a moved
+// node is named anew.
+TEST_F(CPPResolverTest, KeptScopedNamesAgreeWithTheWrittenNames)
+{
+    AST_Module* reopened = tree.module(tree.root(), "M");
+    AST_Interface* j = tree.interface(reopened, "J");
+    std::vector<AST_Decl*> nodes = {m, n, i, kw, op, other, reopened, j};
+    std::vector<UTL_Scope*> scopes = {nullptr, tree.root()};
+    for (AST_Decl* d : nodes)
+        if (UTL_Scope* s = DeclAsScope(d))
+            scopes.push_back(s);
+    for (AST_Decl* d : nodes) {
+        std::ostringstream written;
+        DefaultOutputVisitor plain(written, resolver);
+        resolver.output_fully_scoped_name_with_visitor(written, d, &plain, "::");
+        EXPECT_EQ(resolver.scoped_name(d), written.str());
+        for (UTL_Scope* from : scopes) {
+            std::ostringstream seen;
+            DefaultOutputVisitor seen_plain(seen, resolver);
+            resolver.output_name_in_scope_with_visitor(seen, d, from, &seen_plain, "::");
+            EXPECT_EQ(resolver.name_in_scope(d, from), seen.str()) << written.str();
+        }
+    }
+    EXPECT_EQ(resolver.name_in_scope(op, DeclAsScope(reopened)), "_cxx_class::_cxx_delete");
+
+    CPPResolver other_prefix{nullptr};
+    other_prefix.set_clash_prefix("_x_");
+    EXPECT_EQ(other_prefix.scoped_name(op), "M::_x_class::_x_delete");
+    EXPECT_EQ(resolver.scoped_name(op), "M::_cxx_class::_cxx_delete");
+
+    j->set_defined_in(DeclAsScope(other));
+    EXPECT_EQ(resolver.scoped_name(j), "Other::J");
 }
 
 TEST_F(CPPResolverTest, PredefinedTypesHaveTheirCorbaNames)

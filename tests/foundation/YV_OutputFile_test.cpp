@@ -52,6 +52,34 @@ TEST_F(OutputFileTest, TextAppearsUnderItsNameOnlyWhenCommitted)
     EXPECT_EQ(names(), std::set<std::string>{"a.hh"});
 }
 
+// Text copied into the buffer directly and text inserted through the stream
+// keep their order across many buffer flushes, and size() counts both.
+TEST_F(OutputFileTest, DirectAppendsAndStreamInsertsKeepTheirOrder)
+{
+    YV_OutputFile out;
+    out.open(path("b.cxx"));
+    ASSERT_TRUE(out) << out.error();
+    YV_TextBuffer* direct = YV_TextBuffer::of(out);
+    ASSERT_NE(direct, nullptr);
+    std::string expected;
+    for (int i = 0; i < 100000; ++i) {
+        const std::string piece = std::to_string(i) + (i % 7 == 0 ? std::string(100, '.') : ";");
+        if (i % 3 == 0)
+            out << piece;
+        else
+            direct->append(piece.data(), piece.size());
+        expected += piece;
+        if (i % 9999 == 0) {
+            EXPECT_EQ(out.size(), expected.size());
+        }
+    }
+    direct->append(expected.data(), expected.size());  // larger than the buffer
+    expected += expected;
+    EXPECT_EQ(out.size(), expected.size());
+    EXPECT_TRUE(out.commit()) << out.error();
+    EXPECT_EQ(yvtest::read_file(path("b.cxx")), expected);
+}
+
 TEST_F(OutputFileTest, AbandonedFileLeavesTheEarlierOneAndNoTrace)
 {
     yvtest::write_file(path("a.hh"), "good\n");

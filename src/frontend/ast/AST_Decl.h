@@ -58,7 +58,11 @@ public:
     NodeType node_type() const { return m_node_type; }
     // The scope the declaration stands in; null for the root.
     UTL_Scope* defined_in() const { return m_defined_in; }
-    void set_defined_in(UTL_Scope* s) { m_defined_in = s; }
+    void set_defined_in(UTL_Scope* s)
+    {
+        m_defined_in = s;
+        m_name_cache.owner = 0;
+    }
 
     // Non-zero when the declaration comes from the main IDL file rather
     // than from a file it includes.
@@ -86,6 +90,15 @@ public:
     const std::string& repoID() const { return m_repo_id; }
     void set_repoID(std::string id) { m_repo_id = std::move(id); }
 
+    // Where a name resolver keeps the node's scoped name once it has worked
+    // it out: back ends ask for names millions of times. `owner` is the
+    // resolver's number (0: nothing kept); moving the node drops the text.
+    struct NameCache {
+        unsigned long long owner = 0;
+        std::string text;
+    };
+    NameCache& name_cache() const { return m_name_cache; }
+
     // Hands the node to the visit operation of its class.
     virtual long accept(Visitor* v) = 0;
 
@@ -103,6 +116,7 @@ private:
     long m_column = 0;
     std::shared_ptr<UTL_String> m_file;
     std::string m_repo_id;
+    mutable NameCache m_name_cache;
 };
 
 #endif

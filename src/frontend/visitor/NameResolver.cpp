@@ -4,6 +4,7 @@
 #include "UTL_Scope.h"
 #include "Visitor_i.h"
 
+#include <atomic>
 #include <ostream>
 #include <vector>
 
@@ -31,21 +32,21 @@ void write_components(std::ostream& os, const std::vector<AST_Decl*>& chain, std
 
 } // namespace
 
-void NameResolver::resolve_clashes(AST_Decl* root)
+NameResolver::NameResolver() : m_number(next_number()) {}
+
+unsigned long long NameResolver::next_number()
 {
-    if (!root)
-        return;
-    m_tree_names[root] = &resolve(root);
-    if (UTL_Scope* s = DeclAsScope(root)) {
-        for (const auto& d : s->decls())
-            resolve_clashes(d.get());
-        for (const auto& t : s->local_types())
-            resolve_clashes(t.get());
-    }
+    static std::atomic<unsigned long long> last{0};
+    return ++last;
 }
 
-const std::string& NameResolver::resolve(AST_Decl* d)
+void NameResolver::resolve_clashes(AST_Decl*) {}
+
+const std::string& NameResolver::local_name(AST_Decl* d)
 {
+    static const std::string none;
+    if (!d)
+        return none;
     const std::string& name = d->local_name()->str();
     if (!is_reserved(name))
         return name;
@@ -55,30 +56,45 @@ const std::string& NameResolver::resolve(AST_Decl* d)
     return it->second;
 }
 
-const std::string& NameResolver::local_name(AST_Decl* d)
+const std::string& NameResolver::scoped_name(AST_Decl* d)
 {
     static const std::string none;
-    if (!d)
+    if (!d || d->node_type() == AST_Decl::NT_root)
         return none;
-    auto it = m_tree_names.find(d);
-    return it != m_tree_names.end() ? *it->second : resolve(d);
+    AST_Decl::NameCache& kept = d->name_cache();
+    if (kept.owner == m_number)
+        return kept.text;
+    const std::string& outer = scoped_name(ScopeAsDecl(d->defined_in()));
+    const std::string& own = local_name(d);
+    kept.text.clear();
+    kept.text.reserve(outer.size() + 2 + own.size());
+    if (!outer.empty())
+        kept.text.append(outer).append("::");
+    kept.text.append(own);
+    kept.owner = m_number;
+    return kept.text;
 }
 
-void NameResolver::output_fully_scoped_name(std::ostream& os, AST_Decl* d)
+// Components are compared as written: identifiers hold no ":", and a
+// changed name never equals another IDL name, so "from::" leading d's name
+// means the same as from's components leading d's.
+std::string NameResolver::name_in_scope(AST_Decl* d, UTL_Scope* from)
 {
-    std::vector<AST_Decl*> chain = name_chain(d);
-    for (std::size_t i = 0; i < chain.size(); ++i) {
-        if (i > 0)
-            os << "::";
-        os << local_name(chain[i]);
-    }
+    const std::string& full = scoped_name(d);
+    const std::string& scope = scoped_name(ScopeAsDecl(from));
+    if (scope.empty() || full.size() <= scope.size() + 2 || full.compare(0, scope.size(), scope) != 0 ||
+        full.compare(scope.size(), 2, "::") != 0)
+        return full;
+    return full.substr(scope.size() + 2);
 }
+
+void NameResolver::output_fully_scoped_name(std::ostream& os, AST_Decl* d) { os << scoped_name(d); }
 
 void NameResolver::output_full_scope(std::ostream& os, AST_Decl* d)
 {
-    std::vector<AST_Decl*> chain = name_chain(d);
-    for (std::size_t i = 0; i + 1 < chain.size(); ++i)
-        os << local_name(chain[i]) << "::";
+    if (d && d->node_type() != AST_Decl::NT_root)
+        if (AST_Decl* outer = ScopeAsDecl(d->defined_in()); outer && outer->node_type() != AST_Decl::NT_root)
+            os << scoped_name(outer) << "::";
 }
 
 void NameResolver::output_fully_scoped_name_with_visitor(std::ostream& os, AST_Decl* d, Visitor_i* v, const char* sep)

@@ -17,7 +17,7 @@ class Visitor_i;
 
 class NameResolver {
 public:
-    NameResolver() = default;
+    NameResolver();
     virtual ~NameResolver() = default;
     NameResolver(const NameResolver&) = delete;
     NameResolver& operator=(const NameResolver&) = delete;
@@ -25,13 +25,25 @@ public:
     void set_clash_prefix(const char* prefix) { m_clash_prefix = prefix ? prefix : ""; }
     const std::string& clash_prefix() const { return m_clash_prefix; }
 
-    // Walks the tree below `root` and decides the name of every declaration.
+    // Settles the names of the tree below `root` before any text is
+    // written. Whether a name changes depends on the name alone, so the base
+    // decides each name when it is asked for and has nothing to do here;
+    // a resolver whose names depend on more can walk the tree.
     virtual void resolve_clashes(AST_Decl* root);
 
-    // The name of `d` after clash resolution. Works for nodes made after
-    // resolve_clashes too. The result lives as long as the node (or, for a
+    // The name of `d` after clash resolution. Back ends ask for names
+    // millions of times: an unchanged name (nearly all) costs one lookup in
+    // the reserved words. The result lives as long as the node (or, for a
     // changed name, as long as the resolver).
     virtual const std::string& local_name(AST_Decl* d);
+
+    // M::I for I in module M (no leading "::"), made once per node and kept
+    // on the node (the result lives as long as the node).
+    const std::string& scoped_name(AST_Decl* d);
+    // `d`'s name as seen from scope `from`: when `from` is d's defining
+    // scope or encloses it, only the components below `from`; otherwise
+    // (and from the root or no scope) the full name.
+    std::string name_in_scope(AST_Decl* d, UTL_Scope* from);
 
     // M::I for I in module M (no leading "::").
     virtual void output_fully_scoped_name(std::ostream& os, AST_Decl* d);
@@ -54,14 +66,12 @@ protected:
 
 private:
     std::string m_clash_prefix;
-    // The name in effect, worked out once. Changed names by IDL name:
-    // whether a name changes depends on the name alone, so nodes made after
-    // resolve_clashes share the entries.
-    const std::string& resolve(AST_Decl* d);
+    // This resolver's mark on the names it keeps on nodes: unique in the
+    // process, so that a name kept by another resolver is never taken.
+    const unsigned long long m_number;
+    static unsigned long long next_number();
+    // Changed names by IDL name, made on first use.
     std::unordered_map<std::string, std::string> m_changed;
-    // The names of the tree's nodes, found by resolve_clashes. Tree nodes
-    // outlive the run, so no other node can take over an address listed here.
-    std::unordered_map<const AST_Decl*, const std::string*> m_tree_names;
 };
 
 #endif

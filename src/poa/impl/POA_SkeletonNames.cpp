@@ -3,15 +3,20 @@
 #include "AST_Decl.h"
 #include "NameResolver.h"
 #include "POA_OutputVisitor.h"
+#include "UTL_Scope.h"
 #include "YV_ScratchStream.h"
 
+// Only the outermost component can differ from the client-side name (it
+// takes the skeleton prefix); the rest is the client-side name, which the
+// resolver keeps.
 std::string POA_SkeletonNames::scoped(AST_Decl* d) const
 {
-    YV_ScratchStream text_buf;
-    std::ostream& text = text_buf.stream();
-    POA_OutputVisitor names(text, m_resolver);
-    m_resolver.output_fully_scoped_name_with_visitor(text, d, &names, "::");
-    return text_buf.str();
+    AST_Decl* outer = d;
+    for (AST_Decl* s = ScopeAsDecl(d->defined_in()); s && s->node_type() != AST_Decl::NT_root;
+         s = ScopeAsDecl(s->defined_in()))
+        outer = s;
+    const std::string& client_name = m_resolver.scoped_name(d);
+    return POA_OutputVisitor::skeleton_name(m_resolver, outer) + client_name.substr(m_resolver.local_name(outer).size());
 }
 
 std::string POA_SkeletonNames::own(AST_Decl* d) const

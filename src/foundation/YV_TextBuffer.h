@@ -1,0 +1,30 @@
+// A stream buffer that generated text can be copied into directly.
+//
+// The C++ text writer puts millions of short pieces on its stream; going
+// through std::streambuf::sputn costs a virtual call per piece. A buffer
+// derived from this class lets the writer copy a piece into the put area
+// itself when it fits, and falls back to xsputn (which writes the area out)
+// when it does not.
+#ifndef YV_TEXTBUFFER_H
+#define YV_TEXTBUFFER_H
+
+#include <cstring>
+#include <streambuf>
+
+class YV_TextBuffer : public std::streambuf {
+public:
+    void append(const char* text, std::size_t size)
+    {
+        if (size <= static_cast<std::size_t>(epptr() - pptr())) {
+            std::memcpy(pptr(), text, size);
+            pbump(static_cast<int>(size));
+        } else {
+            xsputn(text, static_cast<std::streamsize>(size));
+        }
+    }
+
+    // The text buffer behind `os`, or null when its buffer is of another kind.
+    static YV_TextBuffer* of(std::ostream& os);
+};
+
+#endif
