@@ -14,6 +14,15 @@ class InputStream;
 class OutputStream;
 } // namespace YV_CDR
 
+// On a function of a class template that generated code calls at many
+// places: one copy per instantiation in the object, called, instead of
+// one inlined at every call.
+#if defined(__GNUC__)
+#define YV_OUT_OF_LINE __attribute__((noinline))
+#else
+#define YV_OUT_OF_LINE
+#endif
+
 class YV_Streamable {
 public:
     virtual ~YV_Streamable();

@@ -6,6 +6,12 @@ namespace CORBA {
 
 NVList::NVList() = default;
 
+NVList::NVList(ULong n, NamedValue_ptr* values)
+{
+    if (values != nullptr)
+        m_items.assign(values, values + n);
+}
+
 NVList::~NVList() = default;
 
 NamedValue_ptr NVList::item(ULong index) const

@@ -29,6 +29,9 @@ public:
     static NVList_ptr _nil() { return nullptr; }
 
 protected:
+    // Refers to the `n` named values of `values` (none when it is null),
+    // which someone else owns.
+    NVList(ULong n, NamedValue_ptr* values);
     // Appends a named value that someone else owns.
     void yv_append(NamedValue_ptr nv) { m_items.push_back(nv); }
 

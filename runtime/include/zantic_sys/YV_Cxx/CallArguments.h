@@ -16,20 +16,19 @@
 
 namespace YV_Cxx {
 
+// Everything is out of line: every proxy member builds one, and its code
+// belongs in the runtime rather than in each of them.
 class CallArguments : public CORBA::NVList {
 public:
-    CallArguments& in(YV_Streamable& s) { return add(s, CORBA::ARG_IN); }
-    CallArguments& inout(YV_Streamable& s) { return add(s, CORBA::ARG_INOUT); }
-    CallArguments& out(YV_Streamable& s) { return add(s, CORBA::ARG_OUT); }
+    CallArguments();
+    ~CallArguments() override;
+
+    CallArguments& in(YV_Streamable& s);
+    CallArguments& inout(YV_Streamable& s);
+    CallArguments& out(YV_Streamable& s);
 
 private:
-    CallArguments& add(YV_Streamable& s, CORBA::Flags flags)
-    {
-        m_anys.emplace_back(&s, YV_SHALLOW_COPY);
-        m_values.emplace_back(m_anys.back(), flags);
-        yv_append(&m_values.back());
-        return *this;
-    }
+    CallArguments& add(YV_Streamable& s, CORBA::Flags flags);
 
     // Deques keep the addresses that the list refers to stable.
     std::deque<CORBA::Any> m_anys;

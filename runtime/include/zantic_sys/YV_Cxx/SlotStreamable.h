@@ -30,7 +30,7 @@ public:
     SlotStreamable() : m_own(Derived::yv_empty()), m_slot(&m_own), m_owns(true) {}
 
     template <class P>
-    explicit SlotStreamable(P* binding, CORBA::YV_ORB_ptr orb = nullptr, long usage = usage_none)
+    YV_OUT_OF_LINE explicit SlotStreamable(P* binding, CORBA::YV_ORB_ptr orb = nullptr, long usage = usage_none)
         : SlotStreamable()
     {
         static_cast<void>(orb);
@@ -38,7 +38,7 @@ public:
     }
 
     template <class P>
-    SlotStreamable(P* binding, long usage) : SlotStreamable()
+    YV_OUT_OF_LINE SlotStreamable(P* binding, long usage) : SlotStreamable()
     {
         Derived::yv_bind(*this, binding, usage);
     }
@@ -48,7 +48,7 @@ public:
     const Slot& extract() const { return *m_slot; }
 
     // This class, or 0 when `s` is null or of another class.
-    static Derived* _downcast(YV_Streamable* s) { return dynamic_cast<Derived*>(s); }
+    YV_OUT_OF_LINE static Derived* _downcast(YV_Streamable* s) { return dynamic_cast<Derived*>(s); }
 
     void yv_copy_value(const YV_Streamable& from) override
     {
@@ -68,7 +68,7 @@ public:
 
     CORBA::TypeCode_ptr yv_type() const override { return TypeCodeOf<Value>::get(); }
 
-    ~SlotStreamable() override
+    YV_OUT_OF_LINE ~SlotStreamable() override
     {
         if (m_owns)
             Derived::yv_destroy(*m_slot);

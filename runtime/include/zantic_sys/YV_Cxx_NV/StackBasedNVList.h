@@ -7,13 +7,12 @@
 
 namespace YV_Cxx_NV {
 
+// Constructor and destructor are the runtime's, out of line: every dispatch
+// function makes one.
 class StackBasedNVList : public CORBA::NVList {
 public:
-    StackBasedNVList(CORBA::ULong n, CORBA::NamedValue** values)
-    {
-        for (CORBA::ULong i = 0; values != nullptr && i < n; ++i)
-            yv_append(values[i]);
-    }
+    StackBasedNVList(CORBA::ULong n, CORBA::NamedValue** values);
+    ~StackBasedNVList() override;
 };
 
 } // namespace YV_Cxx_NV

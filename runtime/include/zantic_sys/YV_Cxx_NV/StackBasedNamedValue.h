@@ -9,7 +9,8 @@ namespace YV_Cxx_NV {
 
 class StackBasedNamedValue : public CORBA::NamedValue {
 public:
-    StackBasedNamedValue(CORBA::Any& value, CORBA::Flags flags) : CORBA::NamedValue(value, flags) {}
+    StackBasedNamedValue(CORBA::Any& value, CORBA::Flags flags);
+    ~StackBasedNamedValue() override;
 };
 
 } // namespace YV_Cxx_NV
