@@ -84,6 +84,34 @@ void CxxAnyOperatorWriter::write_declarations(CxxPrinter& p, AST_Decl* d, const 
 
 void CxxAnyOperatorWriter::write_definitions(CxxPrinter& p, AST_Decl* d) const { write(p, d, "", true); }
 
+void CxxAnyOperatorWriter::write_instantiations(CxxPrinter& p, AST_Decl* d, bool definitions) const
+{
+    if (!has_operators(d))
+        return;
+    const std::string t = m_map.full_name(d);
+    std::string streamable;
+    std::string slot = t + "*";
+    switch (d->node_type()) {
+    case AST_Decl::NT_enum:
+        streamable = "YV_Cxx::BasicStreamable<" + t + ">";
+        slot = t;
+        break;
+    case AST_Decl::NT_interface: streamable = "YV_Cxx::RefStreamable<" + t + ", YV_Cxx::ObjRefTraits<" + t + ">>"; break;
+    case AST_Decl::NT_struct:
+    case AST_Decl::NT_union:
+    case AST_Decl::NT_except: streamable = "YV_Cxx::VarStreamable<" + t + ">"; break;
+    case AST_Decl::NT_typedef:
+        if (CxxTypeMapping::kind_of(AST_Typedef::narrow_from_decl(d)) == CxxTypeMapping::K_array)
+            return;
+        streamable = "YV_Cxx::VarStreamable<" + t + ">";
+        break;
+    default: return;
+    }
+    const CxxPrinter::Vars vars{{"extern", definitions ? "" : "extern "}, {"s", streamable}, {"slot", slot}, {"t", t}};
+    p.print("$extern$template class YV_Cxx::SlotStreamable<$s$, $slot$, $t$>;\n", vars);
+    p.print("$extern$template class $s$;\n", vars);
+}
+
 void CxxAnyOperatorWriter::write(CxxPrinter& p, AST_Decl* d, const std::string& macro, bool definitions) const
 {
     if (!has_operators(d))

@@ -35,6 +35,13 @@ public:
     void write_declarations(CxxPrinter& p, AST_Decl* d, const std::string& macro) const;
     // The definitions (source).
     void write_definitions(CxxPrinter& p, AST_Decl* d) const;
+    // The streamable class that carries `d` and its base are instantiated
+    // once, in the client source (`definitions`): the header declares them
+    // `extern template`, so that no other file that includes it (the
+    // skeleton's, a program's) compiles them again. Written for the types
+    // with operators (whose streamables are complete there) other than value
+    // types and arrays.
+    void write_instantiations(CxxPrinter& p, AST_Decl* d, bool definitions) const;
 
 private:
     void write(CxxPrinter& p, AST_Decl* d, const std::string& macro, bool definitions) const;

@@ -56,7 +56,9 @@ void VE_CPP_MainStartPoint_Type::output_any_operators(CxxPrinter& p, AST_Decl* d
     if (!CxxAnyOperatorWriter::has_operators(d))
         return;
     CxxClientText text(visitor());
-    CxxAnyOperatorWriter(text.mapping(), resolver()).write_definitions(p, d);
+    const CxxAnyOperatorWriter any(text.mapping(), resolver());
+    any.write_definitions(p, d);
+    any.write_instantiations(p, d, true);
     p.print("\n");
 }
 

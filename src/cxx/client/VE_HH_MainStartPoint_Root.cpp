@@ -104,4 +104,14 @@ void VE_HH_MainStartPoint_Root::output_global(AST_Root* root)
         marshal.write_declaration(p, td, macro);
     if (!sequences.empty())
         p.print("\n");
+    // Last, when every Marshal the streamables need is declared.
+    bool instantiated = false;
+    for (AST_Decl* d : types) {
+        if (!CxxAnyOperatorWriter::has_operators(d))
+            continue;
+        any.write_instantiations(p, d, false);
+        instantiated = true;
+    }
+    if (instantiated)
+        p.print("\n");
 }
