@@ -32,6 +32,7 @@
 #include "YV_Cxx/ExceptionMarshal.h"
 #include "YV_Cxx/FixedT.h"
 #include "YV_Cxx/Marshal.h"
+#include "YV_Cxx/PredefinedStreamables.h"
 #include "YV_Cxx/RefMarshal.h"
 #include "YV_Cxx/RefStreamable.h"
 #include "YV_Cxx/SequenceMarshal.h"
