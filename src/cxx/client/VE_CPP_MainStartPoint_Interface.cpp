@@ -37,9 +37,10 @@ bool result_by_value(AST_Type* t)
     }
 }
 
-const char* direction_call(CxxTypeMapping::Mode m)
+// The letter of a direction in the argument string of CallArguments::invoke.
+char direction_letter(CxxTypeMapping::Mode m)
 {
-    return m == CxxTypeMapping::M_out ? "out" : m == CxxTypeMapping::M_inout ? "inout" : "in";
+    return m == CxxTypeMapping::M_out ? 'o' : m == CxxTypeMapping::M_inout ? 'b' : 'i';
 }
 
 } // namespace
@@ -220,15 +221,20 @@ void VE_CPP_MainStartPoint_Interface::output_proxy_member(CxxPrinter& p, const P
                                                      {"result", result_var},
                                                      {"usage", by_value ? "" : ", YV_Cxx::usage_borrow"}});
     }
-    if (!m.params.empty()) {
-        p.print("YV_Cxx::CallArguments $args$;\n$args$", {{"args", args_var}});
-        for (const Param& param : m.params)
-            p.print(".$dir$($var$)", {{"dir", direction_call(param.mode)}, {"var", yvstrmvar(param.name.c_str())}});
-        p.print(";\n");
+    // The arguments as an array of streamables with a string of their
+    // directions: the runtime builds the argument list.
+    std::string directions;
+    std::string streamables;
+    for (const Param& param : m.params) {
+        directions += direction_letter(param.mode);
+        streamables += (streamables.empty() ? "&" : ", &") + yvstrmvar(param.name.c_str());
     }
-    p.print("_yv_invoke(_yvl_op, $args$, $result$);\n",
-            {{"args", m.params.empty() ? std::string("0") : "&" + std::string(args_var)},
-             {"result", m.result ? "&" + result_strm : std::string("0")}});
+    if (!m.params.empty())
+        p.print("YV_Streamable* const $args$[] = {$list$};\n", {{"args", args_var}, {"list", streamables}});
+    p.print("YV_Cxx::CallArguments::invoke(*this, _yvl_op, $dirs$, $args$, $result$);\n",
+            {{"dirs", m.params.empty() ? std::string("\"\"") : "\"" + directions + "\""},
+             {"args", m.params.empty() ? std::string("nullptr") : std::string(args_var)},
+             {"result", m.result ? "&" + result_strm : std::string("nullptr")}});
     if (m.result)
         p.print("return $var$;\n", {{"var", result_var}});
 }

@@ -4,7 +4,12 @@
 //
 //   YV_Cxx::CallArguments args;
 //   args.in(memo_streamable).inout(count_streamable).out(fee_streamable);
-//   _yv_invoke("deposit", &args, &result_streamable);
+//   target->_yv_invoke(operation, &args, &result_streamable);
+//
+// Generated proxies call invoke(), which builds the list from an array:
+//
+//   YV_Streamable* const args[] = {&memo_streamable, &count_streamable, &fee_streamable};
+//   YV_Cxx::CallArguments::invoke(*this, operation, "ibo", args, &result_streamable);
 #ifndef YV_RT_YV_CXX_CALLARGUMENTS_H
 #define YV_RT_YV_CXX_CALLARGUMENTS_H
 
@@ -14,7 +19,13 @@
 
 #include <deque>
 
+namespace CORBA {
+class Object;
+}
+
 namespace YV_Cxx {
+
+struct Operation;
 
 // Everything is out of line: every proxy member builds one, and its code
 // belongs in the runtime rather than in each of them.
@@ -26,6 +37,12 @@ public:
     CallArguments& in(YV_Streamable& s);
     CallArguments& inout(YV_Streamable& s);
     CallArguments& out(YV_Streamable& s);
+
+    // Has `target` serve `op` with the arguments `args`, one streamable per
+    // letter of `directions` ('i' in, 'b' inout, 'o' out), and `result`
+    // (null for void): CORBA::Object::_yv_invoke with their list.
+    static void invoke(CORBA::Object& target, const Operation& op, const char* directions,
+                       YV_Streamable* const* args, YV_Streamable* result);
 
 private:
     CallArguments& add(YV_Streamable& s, CORBA::Flags flags);
