@@ -16,14 +16,20 @@ class BasicStreamable : public SlotStreamable<BasicStreamable<T>, T, T> {
 public:
     using Base::Base;
 
+    template <class = void>
+
     static T yv_empty() { return T(); }
+    template <class = void>
     static void yv_assign(T& to, const T& from) { to = from; }
+    template <class = void>
     static void yv_destroy(T&) {}
 
     // Bound to a variable of the type, which keeps its value.
-    static void yv_bind(Base& s, T* value, long) { s.yv_bind_foreign_slot(value); }
+    template <class B>
+    static void yv_bind(B& s, T* value, long) { s.yv_bind_foreign_slot(value); }
     // Bound to an in argument, which is only read.
-    static void yv_bind(Base& s, const T* value, long) { s.yv_bind_foreign_slot(const_cast<T*>(value)); }
+    template <class B>
+    static void yv_bind(B& s, const T* value, long) { s.yv_bind_foreign_slot(const_cast<T*>(value)); }
 
     void yv_write(YV_CDR::OutputStream& out) const override
     {

@@ -22,13 +22,17 @@ class BasicStringStreamable : public SlotStreamable<BasicStringStreamable<CharT>
 public:
     using Base::Base;
 
+    template <class = void>
+
     static CharT* yv_empty() { return nullptr; }
+    template <class = void>
     static void yv_assign(CharT*& to, CharT* const& from)
     {
         CharT* copy = YV_Cxx::string_dup(from);
         YV_Cxx::string_free(to);
         to = copy;
     }
+    template <class = void>
     static void yv_destroy(CharT*& s)
     {
         YV_Cxx::string_free(s);
@@ -36,13 +40,17 @@ public:
     }
 
     // Bound to a string pointer variable.
-    static void yv_bind(Base& s, CharT** slot, long usage) { s.yv_bind_slot(slot, usage); }
+    template <class B>
+    static void yv_bind(B& s, CharT** slot, long usage) { s.yv_bind_slot(slot, usage); }
     // Bound to an in argument (const CharT*), which is only read.
-    static void yv_bind(Base& s, const CharT** slot, long) { s.yv_bind_foreign_slot(const_cast<CharT**>(slot)); }
+    template <class B>
+    static void yv_bind(B& s, const CharT** slot, long) { s.yv_bind_foreign_slot(const_cast<CharT**>(slot)); }
     // Bound to the string that a String_var owns.
-    static void yv_bind(Base& s, StringVar<CharT>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
+    template <class B>
+    static void yv_bind(B& s, StringVar<CharT>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
     // Bound to the caller's slot behind an out parameter.
-    static void yv_bind(Base& s, StringOut<CharT>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
+    template <class B>
+    static void yv_bind(B& s, StringOut<CharT>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
 
     void yv_write(YV_CDR::OutputStream& out) const override
     {

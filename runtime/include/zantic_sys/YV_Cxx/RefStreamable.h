@@ -22,13 +22,17 @@ class RefStreamable : public SlotStreamable<RefStreamable<T, Traits>, T*, T> {
 public:
     using Base::Base;
 
+    template <class = void>
+
     static T* yv_empty() { return nullptr; }
+    template <class = void>
     static void yv_assign(T*& to, T* const& from)
     {
         T* old = to;
         to = Traits::copy(from);
         Traits::release(old);
     }
+    template <class = void>
     static void yv_destroy(T*& s)
     {
         Traits::release(s);
@@ -36,13 +40,17 @@ public:
     }
 
     // Bound to a reference variable (T_ptr or T*).
-    static void yv_bind(Base& s, T** slot, long usage) { s.yv_bind_slot(slot, usage); }
+    template <class B>
+    static void yv_bind(B& s, T** slot, long usage) { s.yv_bind_slot(slot, usage); }
     // Bound to an in argument, which is only read.
-    static void yv_bind(Base& s, T* const* slot, long) { s.yv_bind_foreign_slot(const_cast<T**>(slot)); }
+    template <class B>
+    static void yv_bind(B& s, T* const* slot, long) { s.yv_bind_foreign_slot(const_cast<T**>(slot)); }
     // Bound to the reference that a _var owns.
-    static void yv_bind(Base& s, Ref_var<T, Traits>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
+    template <class B>
+    static void yv_bind(B& s, Ref_var<T, Traits>* var, long) { s.yv_bind_foreign_slot(&var->yv_slot()); }
     // Bound to the caller's slot behind an out parameter.
-    static void yv_bind(Base& s, Ref_out<T, Traits>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
+    template <class B>
+    static void yv_bind(B& s, Ref_out<T, Traits>* out, long) { s.yv_bind_foreign_slot(&out->ptr()); }
 
     void yv_write(YV_CDR::OutputStream& out) const override
     {

@@ -13,6 +13,14 @@
 // Constructors: without arguments the streamable owns a value of its own;
 // with the address of some storage it is bound to that storage, optionally
 // followed by the ORB (unused in process) and the usage value.
+//
+// Generated code instantiates the streamables of its types explicitly, once
+// (`template class`), which compiles every member that is not a template.
+// So the small helpers that only the constructors, the virtual members and
+// generated code call (extract, the bind functions, and Derived's yv_empty,
+// yv_assign, yv_destroy and yv_bind) are member templates (`template <class
+// = void>` where nothing else is a parameter): they are instantiated where
+// used, and inlined there, instead of each becoming a function of its own.
 #ifndef YV_RT_YV_CXX_SLOTSTREAMABLE_H
 #define YV_RT_YV_CXX_SLOTSTREAMABLE_H
 
@@ -44,7 +52,9 @@ public:
     }
 
     // The storage of the value: the generated code binds its references to it.
+    template <class = void>
     Slot& extract() { return *m_slot; }
+    template <class = void>
     const Slot& extract() const { return *m_slot; }
 
     // This class, or 0 when `s` is null or of another class.
@@ -61,9 +71,10 @@ public:
 
     std::unique_ptr<YV_Streamable> yv_clone() const override
     {
-        std::unique_ptr<Derived> copy(new Derived());
+        Derived* copy = new Derived(); // owned by the result
+        std::unique_ptr<YV_Streamable> result(copy);
         Derived::yv_assign(copy->extract(), *m_slot);
-        return copy;
+        return result;
     }
 
     CORBA::TypeCode_ptr yv_type() const override { return TypeCodeOf<Value>::get(); }
@@ -75,10 +86,12 @@ public:
     }
 
     // True when this streamable frees the slot's value when it goes.
+    template <class = void>
     bool yv_owns_value() const { return m_owns; }
 
     // Binds to another's raw slot: a fresh local, cleared here and its value
     // freed with the streamable, unless the usage says usage_borrow.
+    template <class = void>
     void yv_bind_slot(Slot* slot, long usage)
     {
         yv_release_own();
@@ -89,6 +102,7 @@ public:
     }
     // Binds to a slot whose value someone else keeps (a variable of a basic
     // type, a _var's slot, the slot behind an out parameter, an in argument).
+    template <class = void>
     void yv_bind_foreign_slot(Slot* slot)
     {
         yv_release_own();
@@ -97,6 +111,7 @@ public:
     }
     // Binds to an existing value that the slot only points at: the pointer
     // is kept in the streamable's own member and never freed.
+    template <class = void>
     void yv_bind_value(Slot value)
     {
         yv_release_own();
@@ -106,6 +121,7 @@ public:
     }
 
 private:
+    template <class = void>
     void yv_release_own()
     {
         if (m_owns && m_slot == &m_own)

@@ -27,7 +27,10 @@ class VarStreamable : public SlotStreamable<VarStreamable<T>, T*, T> {
 public:
     using Base::Base;
 
+    template <class = void>
+
     static T* yv_empty() { return nullptr; }
+    template <class = void>
     static void yv_assign(T*& to, T* const& from)
     {
         if (from == nullptr)
@@ -37,6 +40,7 @@ public:
         else
             to = new T(*from);
     }
+    template <class = void>
     static void yv_destroy(T*& s)
     {
         delete s;
@@ -44,13 +48,17 @@ public:
     }
 
     // Bound to a pointer variable (an out value or a result).
-    static void yv_bind(Base& s, T** slot, long usage) { s.yv_bind_slot(slot, usage); }
+    template <class B>
+    static void yv_bind(B& s, T** slot, long usage) { s.yv_bind_slot(slot, usage); }
     // Bound to a value.
-    static void yv_bind(Base& s, T* value, long) { s.yv_bind_value(value); }
+    template <class B>
+    static void yv_bind(B& s, T* value, long) { s.yv_bind_value(value); }
     // Bound to an in argument, which is only read.
-    static void yv_bind(Base& s, const T* value, long) { s.yv_bind_value(const_cast<T*>(value)); }
+    template <class B>
+    static void yv_bind(B& s, const T* value, long) { s.yv_bind_value(const_cast<T*>(value)); }
     // Bound to the value that a fixed-length _var owns.
-    static void yv_bind(Base& s, Fix_var<T>* var, long) { s.yv_bind_value(var->ptr()); }
+    template <class B>
+    static void yv_bind(B& s, Fix_var<T>* var, long) { s.yv_bind_value(var->ptr()); }
     // Bound to the value that a variable-length _var owns (its slot T*&),
     // or to the caller's slot behind an out parameter.
     template <class V>
