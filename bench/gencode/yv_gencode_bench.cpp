@@ -22,6 +22,7 @@
 #include <fstream>
 #include <iomanip>
 #include <iostream>
+#include <map>
 #include <sstream>
 #include <string>
 #include <unistd.h>
@@ -32,7 +33,7 @@ namespace fs = std::filesystem;
 namespace {
 
 struct Settings {
-    std::string yvidl;
+    std::string yvidl = YV_YVIDL_PATH;
     std::string runtime_include = YV_RUNTIME_INCLUDE_DIR;
     std::string omniidl = "omniidl";
     std::string cxx = "g++";
@@ -59,38 +60,31 @@ struct Side {
     std::vector<std::string> flags;
 };
 
-std::string own_dir()
-{
-    std::error_code ec;
-    fs::path exe = fs::read_symlink("/proc/self/exe", ec);
-    return ec ? std::string(".") : exe.parent_path().string();
-}
-
 bool parse(int argc, char** argv, Settings& s)
 {
-    s.yvidl = own_dir() + "/yvidl";
-    for (int i = 1; i < argc; ++i) {
-        const std::string a = argv[i];
-        const bool has_value = i + 1 < argc;
-        if (a == "--yvidl" && has_value)
-            s.yvidl = argv[++i];
-        else if (a == "--runtime-include" && has_value)
-            s.runtime_include = argv[++i];
-        else if (a == "--omniidl" && has_value)
-            s.omniidl = argv[++i];
-        else if (a == "--cxx" && has_value)
-            s.cxx = argv[++i];
-        else if (a == "--repeat" && has_value)
-            s.repeat = std::max(1, std::atoi(argv[++i]));
-        else if (a == "--interfaces" && has_value)
-            s.interfaces.push_back(std::max(1, std::atoi(argv[++i])));
-        else if (a == "--keep" && has_value)
-            s.keep_dir = argv[++i];
-        else {
-            std::cerr << "usage: yv_gencode_bench [--yvidl PATH] [--runtime-include DIR] [--omniidl PATH] "
-                         "[--cxx COMPILER] [--repeat N] [--interfaces N]... [--keep DIR]\n";
-            return false;
-        }
+    const std::map<std::string, std::string*> texts = {{"--yvidl", &s.yvidl},
+                                                       {"--runtime-include", &s.runtime_include},
+                                                       {"--omniidl", &s.omniidl},
+                                                       {"--cxx", &s.cxx},
+                                                       {"--keep", &s.keep_dir}};
+    // Every option takes a value.
+    bool ok = argc % 2 == 1;
+    for (int i = 1; ok && i + 1 < argc; i += 2) {
+        const std::string option = argv[i];
+        const char* value = argv[i + 1];
+        if (auto text = texts.find(option); text != texts.end())
+            *text->second = value;
+        else if (option == "--repeat")
+            s.repeat = std::max(1, std::atoi(value));
+        else if (option == "--interfaces")
+            s.interfaces.push_back(std::max(1, std::atoi(value)));
+        else
+            ok = false;
+    }
+    if (!ok) {
+        std::cerr << "usage: yv_gencode_bench [--yvidl PATH] [--runtime-include DIR] [--omniidl PATH] "
+                     "[--cxx COMPILER] [--repeat N] [--interfaces N]... [--keep DIR]\n";
+        return false;
     }
     if (s.interfaces.empty())
         s.interfaces = {10, 100};
