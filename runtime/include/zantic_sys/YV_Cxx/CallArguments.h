@@ -21,7 +21,7 @@
 
 namespace CORBA {
 class Object;
-}
+} // namespace CORBA
 
 namespace YV_Cxx {
 
