@@ -105,6 +105,9 @@ protected:
         ref = CORBA::Object::_nil();
         if (root->_yv_adapter().is_active(std::string(reinterpret_cast<const char*>(id->get_buffer()), id->length())))
             root->deactivate_object(id.in());
+        // The servant is ours and dies with the test: a request still
+        // finishing on a server thread must have let it go first.
+        root->_yv_adapter().wait_until_idle();
     }
 
     static CORBA::ORB_ptr orb;

@@ -212,6 +212,12 @@ void Adapter::destroy(bool wait_for_completion)
     }
 }
 
+void Adapter::wait_until_idle()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_idle.wait(lock, [this] { return m_requests == 0; });
+}
+
 void Adapter::release_entry(const std::shared_ptr<Entry>& entry, std::unique_lock<std::mutex>& lock)
 {
     if (!entry->deactivated || entry->active != 0 || entry->servant == nullptr)

@@ -55,6 +55,9 @@ public:
     // A new reference to the child, or nil.
     PortableServer::POA_ptr find_child(const std::string& name);
     void destroy(bool wait_for_completion);
+    // Returns once no request is being served here: a servant deactivated
+    // meanwhile has been released by then.
+    void wait_until_idle();
 
     PortableServer::ServantBase* default_servant();
     void default_servant(PortableServer::ServantBase* servant);
