@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <sys/resource.h>
@@ -74,4 +75,18 @@ YV_BenchRun::Result YV_BenchRun::best_of(int repeat, const std::vector<std::stri
         best.status = 0;
     }
     return best;
+}
+
+std::string YV_BenchRun::work_dir(const std::string& keep, const std::string& prefix)
+{
+    namespace fs = std::filesystem;
+    std::string dir = keep;
+    if (dir.empty()) {
+        dir = (fs::temp_directory_path() / (prefix + "-XXXXXX")).string();
+        if (!mkdtemp(dir.data())) {
+            std::perror("mkdtemp");
+            return {};
+        }
+    }
+    return fs::absolute(dir).string();
 }

@@ -23,6 +23,10 @@ public:
     // The best of `repeat` runs: the shortest wall and cpu times, the largest
     // peak memory.
     static Result best_of(int repeat, const std::vector<std::string>& argv, const std::string& dir);
+    // The absolute folder to work in: `keep` when given, otherwise a new
+    // temporary folder named after `prefix`. Empty (and the reason printed)
+    // when it cannot be made.
+    static std::string work_dir(const std::string& keep, const std::string& prefix);
 };
 
 #endif

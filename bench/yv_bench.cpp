@@ -159,16 +159,10 @@ int main(int argc, char** argv)
     if (!parse(argc, argv, s))
         return 2;
 
-    std::string dir_text = s.keep_dir;
-    if (dir_text.empty()) {
-        std::string pattern = (fs::temp_directory_path() / "yv_bench-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) {
-            std::perror("mkdtemp");
-            return 1;
-        }
-        dir_text = pattern;
-    }
-    const fs::path dir = fs::absolute(dir_text);
+    const std::string dir_text = YV_BenchRun::work_dir(s.keep_dir, "yv_bench");
+    if (dir_text.empty())
+        return 1;
+    const fs::path dir = dir_text;
     fs::create_directories(dir);
     const fs::path input = dir / "bench.idl";
     write_input(input, s.interfaces);

@@ -176,16 +176,10 @@ int main(int argc, char** argv)
     if (!parse(argc, argv, s))
         return 2;
 
-    std::string dir_text = s.keep_dir;
-    if (dir_text.empty()) {
-        std::string pattern = (fs::temp_directory_path() / "yv_gencode_bench-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) {
-            std::perror("mkdtemp");
-            return 1;
-        }
-        dir_text = pattern;
-    }
-    const fs::path root = fs::absolute(dir_text);
+    const std::string dir_text = YV_BenchRun::work_dir(s.keep_dir, "yv_gencode_bench");
+    if (dir_text.empty())
+        return 1;
+    const fs::path root = dir_text;
 
     const std::vector<Side> sides = {
         {"yvidl -base -poa", {s.yvidl, "-base", "-poa"}, ".cxx", {"-I" + s.runtime_include}},
