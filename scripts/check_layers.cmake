@@ -18,7 +18,7 @@ set(LAYERS
   "frontend/parser"
   "frontend/visitor"
   "frontend/global"
-  "cxx|cxx/client"
+  "cxx|cxx/visitors|cxx/client"
   "poa/plugin|poa/hh|poa/impl|poa/opdict"
   "driver"
 )
