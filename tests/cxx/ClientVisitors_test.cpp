@@ -5,19 +5,13 @@
 #include "CPPResolver.h"
 #include "GEN_CPlusPlus.h"
 #include "VIS_Client_DeclDispStreamable.h"
-#include "VIS_Client_DeclDispStreamable_Factory.h"
+#include "CxxVisitorFactories.h"
 #include "VIS_Client_DeclareArgs.h"
-#include "VIS_Client_DeclareArgs_Factory.h"
 #include "VIS_Client_DeclareAsst.h"
-#include "VIS_Client_DeclareAsst_Factory.h"
 #include "VIS_Client_SetTypeCode.h"
-#include "VIS_Client_SetTypeCode_Factory.h"
 #include "VIS_Client_TypeCode.h"
-#include "VIS_Client_TypeCode_Factory.h"
 #include "VIS_HH_ABC_OpReturn.h"
-#include "VIS_HH_ABC_OpReturn_Factory.h"
 #include "VIS_HH_ABC_OperationArg.h"
-#include "VIS_HH_ABC_OperationArg_Factory.h"
 
 #include <gtest/gtest.h>
 

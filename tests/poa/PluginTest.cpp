@@ -10,9 +10,7 @@
 #include "GEN_POACxx.h"
 #include "POA_OutputVisitor.h"
 #include "POACxxInit.h"
-#include "VIS_POA_HH_Factory.h"
-#include "VIS_POA_Impl_Factory.h"
-#include "VIS_POA_TIE_HH_Factory.h"
+#include "POA_VisitorFactories.h"
 #include "YV_Shlib_Init.h"
 #include "YV_TestSupport.h"
 

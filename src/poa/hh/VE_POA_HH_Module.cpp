@@ -6,7 +6,7 @@
 #include "UTL_InclusiveFilteredScopeActiveIterator.h"
 #include "VE_POA_HH_Root.h"
 #include "VIS_POA_HH.h"
-#include "VIS_POA_HH_Factory.h"
+#include "POA_VisitorFactories.h"
 #include "idl_msg_header.h"
 
 #include <memory>

@@ -6,7 +6,7 @@
 #include "VE_POA_HH_Module.h"
 #include "VE_POA_HH_Root.h"
 #include "VE_POA_HH_Value.h"
-#include "VIS_POA_HH_Factory.h"
+#include "POA_VisitorFactories.h"
 
 VIS_POA_HH::VIS_POA_HH(std::ostream& os, int level, UTL_Scope* scope, CodeGenerator* gen)
     : Visitor_i(scope, gen), VIS_Cxx(os, level, scope, gen)

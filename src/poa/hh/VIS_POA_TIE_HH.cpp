@@ -4,7 +4,7 @@
 #include "VE_POA_TIE_HH_Interface.h"
 #include "VE_POA_TIE_HH_Module.h"
 #include "VE_POA_TIE_HH_Root.h"
-#include "VIS_POA_TIE_HH_Factory.h"
+#include "POA_VisitorFactories.h"
 
 VIS_POA_TIE_HH::VIS_POA_TIE_HH(std::ostream& os, int level, UTL_Scope* scope, CodeGenerator* gen)
     : Visitor_i(scope, gen), VIS_Cxx(os, level, scope, gen)

@@ -14,9 +14,8 @@
 #include "POA_SkeletonNames.h"
 #include "VE_HH_MainStartPoint_Interface.h"
 #include "VIS_Client_DeclareAsst.h"
-#include "VIS_Client_DeclareAsst_Factory.h"
+#include "CxxVisitorFactories.h"
 #include "VIS_Client_TypeCode.h"
-#include "VIS_Client_TypeCode_Factory.h"
 
 #include <memory>
 #include <vector>

@@ -10,11 +10,9 @@
 #include "POA_DispatchNames.h"
 #include "POA_SkeletonNames.h"
 #include "VIS_Client_DeclDispStreamable.h"
-#include "VIS_Client_DeclDispStreamable_Factory.h"
+#include "CxxVisitorFactories.h"
 #include "VIS_Client_DeclareArgs.h"
-#include "VIS_Client_DeclareArgs_Factory.h"
 #include "VIS_HH_ABC_OpReturn.h"
-#include "VIS_HH_ABC_OpReturn_Factory.h"
 
 #include <memory>
 

@@ -5,7 +5,7 @@
 #include "UTL_InclusiveFilteredScopeActiveIterator.h"
 #include "VE_POA_Impl_Root.h"
 #include "VIS_POA_Impl.h"
-#include "VIS_POA_Impl_Factory.h"
+#include "POA_VisitorFactories.h"
 
 #include <memory>
 

@@ -6,7 +6,7 @@
 #include "VE_POA_Impl_Module.h"
 #include "VE_POA_Impl_Root.h"
 #include "VE_POA_Impl_Value.h"
-#include "VIS_POA_Impl_Factory.h"
+#include "POA_VisitorFactories.h"
 
 VIS_POA_Impl::VIS_POA_Impl(std::ostream& os, int level, UTL_Scope* scope, CodeGenerator* gen)
     : Visitor_i(scope, gen), VIS_Cxx(os, level, scope, gen)

@@ -2,11 +2,8 @@
 
 #include "CPPResolver.h"
 #include "IDL_GlobalData.h"
-#include "VIS_HH_ABC_OpReturn_Factory.h"
-#include "VIS_HH_ABC_OperationArg_Factory.h"
-#include "VIS_POA_HH_Factory.h"
-#include "VIS_POA_Impl_Factory.h"
-#include "VIS_POA_TIE_HH_Factory.h"
+#include "CxxVisitorFactories.h"
+#include "POA_VisitorFactories.h"
 #include "Visitor.h"
 
 #include <iostream>

@@ -7,11 +7,9 @@
 #include "IDL_GlobalData.h"
 #include "UTL_Indent.h"
 #include "VIS_POA_HH.h"
-#include "VIS_POA_HH_Factory.h"
+#include "POA_VisitorFactories.h"
 #include "VIS_POA_Impl.h"
-#include "VIS_POA_Impl_Factory.h"
 #include "VIS_POA_TIE_HH.h"
-#include "VIS_POA_TIE_HH_Factory.h"
 #include "Visitor.h"
 
 #include "YV_OutputFile.h"
