@@ -2,6 +2,7 @@
 
 #include "AST_Array.h"
 #include "AST_EnumVal.h"
+#include "AST_Exception.h"
 #include "AST_Fixed.h"
 #include "AST_Interface.h"
 #include "AST_InterfaceFwd.h"
@@ -9,10 +10,11 @@
 #include "AST_Sequence.h"
 #include "AST_String.h"
 #include "AST_StructFwd.h"
+#include "AST_Structure.h"
 #include "AST_Typedef.h"
+#include "AST_Union.h"
 #include "AST_UnionFwd.h"
 #include "AST_ValueFwd.h"
-#include "CxxTypeQueries.h"
 #include "NameResolver.h"
 #include "UTL_Scope.h"
 
@@ -107,6 +109,82 @@ CxxTypeMapping::Mode CxxTypeMapping::mode_of(AST_Argument::Direction d)
     case AST_Argument::dir_INOUT: return M_inout;
     default: return M_in;
     }
+}
+
+namespace {
+
+// False for a structure or union known only from a forward declaration:
+// it is not marked defined and holds no members.
+bool is_defined_aggregate(AST_Type* t)
+{
+    UTL_Scope* members = DeclAsScope(t);
+    if (!members)
+        return false;
+    if (AST_Union* u = AST_Union::narrow_from_decl(t))
+        return u->is_defined() || !members->decls().empty();
+    if (AST_Structure* s = AST_Structure::narrow_from_decl(t))
+        return s->is_defined() || !members->decls().empty() || AST_Exception::narrow_from_decl(t) != nullptr;
+    return false;
+}
+
+// `open` holds the aggregates being examined further up, so that a
+// structure reached again through its own members ends the descent; `cut`
+// is set when that happened, since the answer then depends on the path and
+// is not kept with the type.
+bool fixed_length(AST_Type* t, std::set<AST_Decl*>& open, bool& cut)
+{
+    AST_Type* r = CxxTypeMapping::resolved(t);
+    if (!r)
+        return true;
+    switch (CxxTypeMapping::kind_of(r)) {
+    case CxxTypeMapping::K_void:
+    case CxxTypeMapping::K_basic:
+    case CxxTypeMapping::K_enum:
+    case CxxTypeMapping::K_fixed:
+        return true;
+    case CxxTypeMapping::K_array:
+        return fixed_length(AST_Array::narrow_from_decl(r)->base_type(), open, cut);
+    case CxxTypeMapping::K_struct:
+    case CxxTypeMapping::K_union:
+    case CxxTypeMapping::K_exception: {
+        if (r->known_length() != AST_Type::Length::Unknown)
+            return r->known_length() == AST_Type::Length::Fixed;
+        // A structure or union seen only in a forward declaration counts
+        // as variable: its members are unknown.
+        if (!is_defined_aggregate(r))
+            return false;
+        if (!open.insert(r).second) {
+            cut = true;
+            return false;
+        }
+        bool fixed = true;
+        bool inner_cut = false;
+        for (const auto& d : DeclAsScope(r)->decls()) {
+            AST_Field* f = AST_Field::narrow_from_decl(d.get());
+            if (f && !fixed_length(f->field_type(), open, inner_cut)) {
+                fixed = false;
+                break;
+            }
+        }
+        open.erase(r);
+        if (inner_cut)
+            cut = true;
+        else
+            r->set_known_length(fixed ? AST_Type::Length::Fixed : AST_Type::Length::Variable);
+        return fixed;
+    }
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+bool CxxTypeMapping::is_fixed_length(AST_Type* t)
+{
+    std::set<AST_Decl*> open;
+    bool cut = false;
+    return fixed_length(t, open, cut);
 }
 
 const char* CxxTypeMapping::predefined_base(AST_PredefinedType::PredefinedType pt)
@@ -219,7 +297,7 @@ std::string CxxTypeMapping::param(AST_Type* t, Mode m) const
     case K_struct:
     case K_union:
     case K_sequence: {
-        const bool fixed = kind_of(t) != K_sequence && isFixedLength(t);
+        const bool fixed = kind_of(t) != K_sequence && is_fixed_length(t);
         switch (m) {
         case M_in: return "const " + n + "&";
         case M_inout: return n + "&";
@@ -232,7 +310,7 @@ std::string CxxTypeMapping::param(AST_Type* t, Mode m) const
         switch (m) {
         case M_in: return "const " + n;
         case M_inout: return n;
-        case M_out: return isFixedLength(t) ? n : n + "_out";
+        case M_out: return is_fixed_length(t) ? n : n + "_out";
         case M_return: return n + "_slice*";
         }
         break;
@@ -264,11 +342,11 @@ std::string CxxTypeMapping::storage(AST_Type* t, Mode m) const
     case K_struct:
     case K_union:
     case K_sequence:
-        if (m == M_in || m == M_inout || (kind_of(t) != K_sequence && isFixedLength(t)))
+        if (m == M_in || m == M_inout || (kind_of(t) != K_sequence && is_fixed_length(t)))
             return n;
         return n + "*";
     case K_array:
-        if (m == M_in || m == M_inout || isFixedLength(t))
+        if (m == M_in || m == M_inout || is_fixed_length(t))
             return n;
         return n + "_slice*";
     case K_value:

@@ -64,6 +64,10 @@ public:
     static AST_Type* resolved(AST_Type* t);
     static Kind kind_of(AST_Type* t);
     static Mode mode_of(AST_Argument::Direction d);
+    // True when the type's C++ mapping has a fixed length (no strings,
+    // sequences, anys, object references, value types ... inside), looking
+    // through typedefs, structure and union members and array elements.
+    static bool is_fixed_length(AST_Type* t);
     // A string type's bound, 0 when it is unbounded or not a string.
     static unsigned long string_bound(AST_Type* t);
     // The C++ type of a predefined type, without the "_ptr" of the pseudo
