@@ -86,42 +86,87 @@ void GEN_CPlusPlus::set_options(const char* text, long on, long off)
         return;
     UTL_ArgParser parser;
     parser.initGetOptString(text);
-    for (int letter = parser.getOptString("h:c:s:i:d:O:x:"); letter != -1; letter = parser.getOptString("h:c:s:i:d:O:x:")) {
-        const char* value = parser.optarg();
-        switch (letter) {
-        case 'h':
-            m_header_ext = value ? value : "";
-            break;
-        case 'c':
-        case 's':
-            m_stub_ext = value ? value : "";
-            break;
-        case 'i':
-            if (value)
-                m_include_prefix = value;
-            break;
-        case 'd':
-            m_declspecs = on;
-            if (value)
-                m_declspec_name = value;
-            break;
-        case 'O':
-            if (value && value[0] == 'h')
-                m_header_dir = as_directory(value + 1);
-            else if (value && (value[0] == 'c' || value[0] == 's'))
-                m_stub_dir = as_directory(value + 1);
-            else
-                std::cerr << "Unknown C++ generator option 'O" << (value ? std::string(value, value[0] ? 1 : 0) : "")
-                          << "'" << std::endl;
-            break;
-        case 'x':
-            code_off_switch(value ? value : "", on, off);
-            break;
-        default:
+    const std::string grammar = option_grammar(false);
+    for (int letter; (letter = parser.getOptString(grammar.c_str())) != -1;)
+        if (!apply_base_option(letter, parser.optarg(), on, off))
             std::cerr << "Unknown C++ generator option '" << static_cast<char>(letter) << "'" << std::endl;
-            break;
-        }
+}
+
+namespace {
+
+enum OptionValue { YV_NO_VALUE, YV_MAY_VALUE, YV_NEEDS_VALUE };
+enum OptionGenerators { YV_ALL, YV_PLUGIN };
+
+struct OptionLetter {
+    char letter;
+    OptionValue value;
+    OptionGenerators generators;
+};
+
+const OptionLetter option_letters[] = {
+#define YV_OPTION(letter, value, generators) {letter, value, generators},
+#include "CxxOptionLetters.def"
+#undef YV_OPTION
+};
+
+} // namespace
+
+std::string GEN_CPlusPlus::option_grammar(bool with_plugin_letters)
+{
+    std::string grammar;
+    for (const OptionLetter& o : option_letters) {
+        if (o.generators == YV_PLUGIN && !with_plugin_letters)
+            continue;
+        grammar += o.letter;
+        if (o.value != YV_NO_VALUE)
+            grammar += ':';
     }
+    return grammar;
+}
+
+bool GEN_CPlusPlus::option_needs_value(int letter)
+{
+    for (const OptionLetter& o : option_letters)
+        if (o.letter == letter)
+            return o.value == YV_NEEDS_VALUE;
+    return false;
+}
+
+bool GEN_CPlusPlus::apply_base_option(int letter, const char* value, long on, long off)
+{
+    switch (letter) {
+    case 'h':
+        m_header_ext = value ? value : "";
+        break;
+    case 'c':
+    case 's':
+        m_stub_ext = value ? value : "";
+        break;
+    case 'i':
+        if (value)
+            m_include_prefix = value;
+        break;
+    case 'd':
+        m_declspecs = on;
+        if (value)
+            m_declspec_name = value;
+        break;
+    case 'O':
+        if (value && value[0] == 'h')
+            m_header_dir = as_directory(value + 1);
+        else if (value && (value[0] == 'c' || value[0] == 's'))
+            m_stub_dir = as_directory(value + 1);
+        else
+            std::cerr << "Unknown C++ generator option 'O" << (value ? std::string(value, value[0] ? 1 : 0) : "")
+                      << "'" << std::endl;
+        break;
+    case 'x':
+        code_off_switch(value ? value : "", on, off);
+        break;
+    default:
+        return false;
+    }
+    return true;
 }
 
 void GEN_CPlusPlus::code_off_switch(const char* name, long on, long off)

@@ -63,6 +63,15 @@ protected:
     // Applies one -x switch by name; reports an unknown name on the error
     // stream.
     virtual void code_off_switch(const char* name, long on, long off);
+    // The option grammar of the letters in CxxOptionLetters.def: those every
+    // generator knows, with the plug-in's own when `with_plugin_letters`.
+    static std::string option_grammar(bool with_plugin_letters);
+    // True for a letter that changes nothing without a value.
+    static bool option_needs_value(int letter);
+    // Applies an option letter that every generator knows (extensions,
+    // include prefix, export macros, directories, switches); false for any
+    // other letter.
+    bool apply_base_option(int letter, const char* value, long on, long off);
 
 public:
     // The text without one pair of surrounding double quotes or angle brackets.

@@ -3,17 +3,14 @@
 #include "GEN_POACxx.h"
 
 #include "UTL_ArgParser.h"
-#include "YV_File.h"
 
 #include <climits>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
+#include <string>
 
 namespace {
-
-// The letters the plug-in knows; c, h, s, b, x, i, d, m, p and O take a value.
-const char* const OPTION_GRAMMAR = "c:h:s:b:x:gi:d:tm:p:O:";
 
 // The decimal number at the start of `text`, as atoi reads it (blanks and a
 // sign allowed, 0 when there is no number), except that a number beyond
@@ -30,15 +27,6 @@ int leading_int(const char* text)
     return static_cast<int>(v);
 }
 
-// A directory as given, with one separator at its end unless it is empty.
-YV_String as_directory(const char* text)
-{
-    YV_String dir(text);
-    if (!dir.empty() && dir[dir.length() - 1] != YV_File::SEPARATOR)
-        dir += YV_File::SEPARATOR;
-    return dir;
-}
-
 } // namespace
 
 void GEN_POACxx::set_options(const char* text) { set_options(text, 1, 0); }
@@ -49,40 +37,23 @@ void GEN_POACxx::set_options(const char* text, long on, long off)
         return;
     UTL_ArgParser parser;
     parser.initGetOptString(text);
-    for (int letter; (letter = parser.getOptString(OPTION_GRAMMAR)) != -1;)
+    // "c:h:s:b:x:gi:d:tm:p:O:"
+    const std::string grammar = option_grammar(true);
+    for (int letter; (letter = parser.getOptString(grammar.c_str())) != -1;)
         apply_option(letter, parser.optsign(), parser.optarg(), on, off);
 }
 
 void GEN_POACxx::apply_option(int letter, char sign, const char* value, long on, long off)
 {
     // Letters whose whole effect is their value: without one nothing changes.
-    if (!value && std::strchr("cshbxpO", letter)) {
+    if (!value && option_needs_value(letter)) {
         std::cerr << "Warning: POA C++ generator option '" << sign << static_cast<char>(letter) << "' needs a value"
                   << std::endl;
         return;
     }
     switch (letter) {
-    case 'c':
-    case 's':
-        m_stub_ext = value;
-        break;
-    case 'h':
-        m_header_ext = value;
-        break;
     case 'b':
         m_client_header_ext = value;
-        break;
-    case 'x':
-        code_off_switch(value, on, off);
-        break;
-    case 'i':
-        if (value)
-            m_include_prefix = value;
-        break;
-    case 'd':
-        m_declspecs = on;
-        if (value)
-            m_declspec_name = value;
         break;
     case 'm':
         if (value)
@@ -91,18 +62,11 @@ void GEN_POACxx::apply_option(int letter, char sign, const char* value, long on,
     case 'p':
         m_hash_max = leading_int(value);
         break;
-    case 'O':
-        if (value[0] == 'h')
-            m_header_dir = as_directory(value + 1);
-        else if (value[0] == 'c' || value[0] == 's')
-            m_stub_dir = as_directory(value + 1);
-        else
-            std::cerr << "Unknown C++ generator option '" << 'O' << value[0] << "'" << std::endl;
-        break;
     case 't':
         break;
     default:
-        std::cerr << "Unknown POA C++ generator option '" << static_cast<char>(letter) << "'" << std::endl;
+        if (!apply_base_option(letter, value, on, off))
+            std::cerr << "Unknown POA C++ generator option '" << static_cast<char>(letter) << "'" << std::endl;
         break;
     }
 }
