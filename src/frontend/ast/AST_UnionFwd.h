@@ -2,17 +2,13 @@
 #ifndef AST_UNIONFWD_H
 #define AST_UNIONFWD_H
 
+#include "AST_ForwardT.h"
 #include "AST_Union.h"
 
-class AST_UnionFwd : public AST_Type {
+class AST_UnionFwd : public AST_ForwardT<AST_UnionFwd, AST_Union, AST_Decl::NT_union_fwd> {
 public:
-    AST_UnionFwd(Identifier name, AST_Union* full) : AST_Type(NT_union_fwd, std::move(name)), m_full(full) {}
-    static AST_UnionFwd* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_union_fwd ? static_cast<AST_UnionFwd*>(d) : nullptr; }
-    AST_Union* full_definition() const { return m_full; }
+    using AST_ForwardT::AST_ForwardT;
     long accept(Visitor* v) override;
-
-private:
-    AST_Union* m_full;
 };
 
 #endif

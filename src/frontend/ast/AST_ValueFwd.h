@@ -2,17 +2,13 @@
 #ifndef AST_VALUEFWD_H
 #define AST_VALUEFWD_H
 
+#include "AST_ForwardT.h"
 #include "AST_Value.h"
 
-class AST_ValueFwd : public AST_Type {
+class AST_ValueFwd : public AST_ForwardT<AST_ValueFwd, AST_Value, AST_Decl::NT_value_fwd> {
 public:
-    AST_ValueFwd(Identifier name, AST_Value* full) : AST_Type(NT_value_fwd, std::move(name)), m_full(full) {}
-    static AST_ValueFwd* narrow_from_decl(AST_Decl* d) { return d && d->node_type() == NT_value_fwd ? static_cast<AST_ValueFwd*>(d) : nullptr; }
-    AST_Value* full_definition() const { return m_full; }
+    using AST_ForwardT::AST_ForwardT;
     long accept(Visitor* v) override;
-
-private:
-    AST_Value* m_full;
 };
 
 #endif
