@@ -41,6 +41,7 @@
 #include <algorithm>
 #include <cctype>
 #include <set>
+#include <type_traits>
 #include <unordered_set>
 #include <utility>
 
@@ -731,45 +732,36 @@ void IDL_Parser::value_dcl(UTL_Scope* s, bool is_abstract, bool is_custom)
     auto report = [](IDL_Diag id, const IDL_ScopedName& sn, const std::string& a, const std::string& b) {
         IDL_Diagnostics::error(id, sn.loc().file_name(), sn.loc().line, sn.loc().column, {a, b});
     };
-    std::vector<AST_Value*> bases;
+    // The names after ':' or "supports": each must denote a defined
+    // declaration of the list's class, and none may be named twice.
     std::unordered_set<AST_Decl*> named;
+    auto read_bases = [&](IDL_Diag not_that_kind, auto& out) {
+        using T = std::remove_pointer_t<typename std::decay_t<decltype(out)>::value_type>;
+        do {
+            IDL_ScopedName sn = scoped_name();
+            AST_Decl* d = unaliased(resolve(s, sn));
+            if (!d)
+                continue;
+            auto* b = T::narrow_from_decl(d);
+            if (!b)
+                report(not_that_kind, sn, sn.text(), "");
+            else if (!b->is_defined())
+                report(IDL_Diag::INHERIT_FORWARD, sn, n, sn.text());
+            else if (!named.insert(b).second)
+                report(IDL_Diag::INHERIT_TWICE, sn, n, sn.text());
+            else
+                out.push_back(b);
+        } while (accept(IDL_Tok::Comma));
+    };
+    std::vector<AST_Value*> bases;
     bool truncatable = false;
     if (accept(IDL_Tok::Colon)) {
         truncatable = accept(IDL_Tok::KwTruncatable);
-        do {
-            IDL_ScopedName sn = scoped_name();
-            AST_Decl* d = unaliased(resolve(s, sn));
-            if (!d)
-                continue;
-            auto* b = AST_Value::narrow_from_decl(d);
-            if (!b)
-                report(IDL_Diag::NOT_A_VALUE, sn, sn.text(), "");
-            else if (!b->is_defined())
-                report(IDL_Diag::INHERIT_FORWARD, sn, n, sn.text());
-            else if (!named.insert(b).second)
-                report(IDL_Diag::INHERIT_TWICE, sn, n, sn.text());
-            else
-                bases.push_back(b);
-        } while (accept(IDL_Tok::Comma));
+        read_bases(IDL_Diag::NOT_A_VALUE, bases);
     }
     std::vector<AST_Interface*> supports;
-    if (accept(IDL_Tok::KwSupports)) {
-        do {
-            IDL_ScopedName sn = scoped_name();
-            AST_Decl* d = unaliased(resolve(s, sn));
-            if (!d)
-                continue;
-            auto* b = AST_Interface::narrow_from_decl(d);
-            if (!b)
-                report(IDL_Diag::NOT_AN_INTERFACE, sn, sn.text(), "");
-            else if (!b->is_defined())
-                report(IDL_Diag::INHERIT_FORWARD, sn, n, sn.text());
-            else if (!named.insert(b).second)
-                report(IDL_Diag::INHERIT_TWICE, sn, n, sn.text());
-            else
-                supports.push_back(b);
-        } while (accept(IDL_Tok::Comma));
-    }
+    if (accept(IDL_Tok::KwSupports))
+        read_bases(IDL_Diag::NOT_AN_INTERFACE, supports);
     expect(IDL_Tok::LBrace);
     auto* v = begin_definition(s, name, std::make_unique<AST_Value>(Identifier(n), is_abstract, is_custom));
     if (v->is_abstract() != is_abstract)
@@ -1494,40 +1486,34 @@ IDL_ScopedName IDL_Parser::parse_name_text(const std::string& text, const IDL_Lo
 
 IDL_ConstValue IDL_Parser::const_exp(UTL_Scope* s) { return or_expr(s); }
 
-IDL_ConstValue IDL_Parser::or_expr(UTL_Scope* s)
+// One left-associative level with a single operator, over operands that
+// `operand` reads: or, xor and and.
+IDL_ConstValue IDL_Parser::single_operator_expr(UTL_Scope* s, IDL_ConstValue (IDL_Parser::*operand)(UTL_Scope*),
+                                                IDL_Tok tok, IDL_ConstEval::BinaryOp op)
 {
-    IDL_ConstValue v = xor_expr(s);
-    while (at(IDL_Tok::Pipe)) {
-        IDL_Token op = cur();
+    IDL_ConstValue v = (this->*operand)(s);
+    while (at(tok)) {
+        IDL_Token t = cur();
         advance();
-        IDL_ConstValue r = xor_expr(s);
-        v = IDL_ConstEval::binary(IDL_ConstEval::BinaryOp::Or, v, r, loc(op));
+        IDL_ConstValue r = (this->*operand)(s);
+        v = IDL_ConstEval::binary(op, v, r, loc(t));
     }
     return v;
+}
+
+IDL_ConstValue IDL_Parser::or_expr(UTL_Scope* s)
+{
+    return single_operator_expr(s, &IDL_Parser::xor_expr, IDL_Tok::Pipe, IDL_ConstEval::BinaryOp::Or);
 }
 
 IDL_ConstValue IDL_Parser::xor_expr(UTL_Scope* s)
 {
-    IDL_ConstValue v = and_expr(s);
-    while (at(IDL_Tok::Caret)) {
-        IDL_Token op = cur();
-        advance();
-        IDL_ConstValue r = and_expr(s);
-        v = IDL_ConstEval::binary(IDL_ConstEval::BinaryOp::Xor, v, r, loc(op));
-    }
-    return v;
+    return single_operator_expr(s, &IDL_Parser::and_expr, IDL_Tok::Caret, IDL_ConstEval::BinaryOp::Xor);
 }
 
 IDL_ConstValue IDL_Parser::and_expr(UTL_Scope* s)
 {
-    IDL_ConstValue v = shift_expr(s);
-    while (at(IDL_Tok::Amp)) {
-        IDL_Token op = cur();
-        advance();
-        IDL_ConstValue r = shift_expr(s);
-        v = IDL_ConstEval::binary(IDL_ConstEval::BinaryOp::And, v, r, loc(op));
-    }
-    return v;
+    return single_operator_expr(s, &IDL_Parser::shift_expr, IDL_Tok::Amp, IDL_ConstEval::BinaryOp::And);
 }
 
 IDL_ConstValue IDL_Parser::shift_expr(UTL_Scope* s)

@@ -173,6 +173,8 @@ private:
 
     // Constant expressions.
     IDL_ConstValue const_exp(UTL_Scope* s);
+    IDL_ConstValue single_operator_expr(UTL_Scope* s, IDL_ConstValue (IDL_Parser::*operand)(UTL_Scope*), IDL_Tok tok,
+                                        IDL_ConstEval::BinaryOp op);
     IDL_ConstValue or_expr(UTL_Scope* s);
     IDL_ConstValue xor_expr(UTL_Scope* s);
     IDL_ConstValue and_expr(UTL_Scope* s);
