@@ -20,6 +20,7 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -129,6 +130,31 @@ TEST(Plugin, FactoryTableHoldsTheFourteenFactories)
     EXPECT_EQ(VIS_POA_HH_Factory::narrow(VIS_POA_Impl_Factory::find_factory(ff)), nullptr);
     EXPECT_EQ(VIS_POA_Impl_Factory::narrow(hh), nullptr);
     EXPECT_EQ(VIS_POA_TIE_HH_Factory::narrow(hh), nullptr);
+
+    // Every key, the base library's included, is found by its text and
+    // narrows to its own class only.
+    const std::pair<const char*, VisitorFactory*> keys[] = {
+        {"VIS_Client_DeclareArgs_Typedef", VIS_Client_DeclareArgs_Typedef_Factory::find_factory(ff)},
+        {"VIS_HH_ABC_OpReturn_Typedef", VIS_HH_ABC_OpReturn_Typedef_Factory::find_factory(ff)},
+        {"VIS_HH_ABC_OpArg_Typedef", VIS_HH_ABC_OpArg_Typedef_Factory::find_factory(ff)},
+        {"VIS_Client_SetTypeCode", VIS_Client_SetTypeCode_Factory::find_factory(ff)},
+        {"VIS_Client_TypeCode", VIS_Client_TypeCode_Factory::find_factory(ff)},
+        {"VIS_Client_DeclareAsst", VIS_Client_DeclareAsst_Factory::find_factory(ff)},
+        {"VIS_Client_DeclareFullAsstForTypedef", VIS_Client_DeclareFullAsstForTypedef_Factory::find_factory(ff)},
+        {"VIS_Client_DeclDispStreamable", VIS_Client_DeclDispStreamable_Factory::find_factory(ff)},
+        {"VIS_Client_DeclareArgs", VIS_Client_DeclareArgs_Factory::find_factory(ff)},
+        {"VIS_POA_HH", VIS_POA_HH_Factory::find_factory(ff)},
+        {"VIS_POA_TIE_HH", VIS_POA_TIE_HH_Factory::find_factory(ff)},
+        {"VIS_POA_Impl", VIS_POA_Impl_Factory::find_factory(ff)},
+        {"VIS_HH_ABC_OperationArg", VIS_HH_ABC_OperationArg_Factory::find_factory(ff)},
+        {"VIS_HH_ABC_OpReturn", VIS_HH_ABC_OpReturn_Factory::find_factory(ff)},
+    };
+    for (const auto& [key, found] : keys) {
+        EXPECT_NE(found, nullptr) << key;
+        EXPECT_EQ(found, ff->findFactory(key)) << key;
+        for (const auto& [other_key, other] : keys)
+            EXPECT_EQ(found == other, std::string(key) == other_key) << key << " / " << other_key;
+    }
 
     // Filling the table again replaces, never adds.
     gen.init_factory_finder();
