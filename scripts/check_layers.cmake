@@ -9,6 +9,7 @@
 # (named <Class>_<Part>.cpp) may include <Class>.h.
 set(LAYERS
   "foundation"
+  "frontend/options"
   "frontend/utl"
   "frontend/diag"
   "frontend/lexer"
@@ -18,6 +19,7 @@ set(LAYERS
   "frontend/parser"
   "frontend/visitor"
   "frontend/global"
+  "cxx/backend"
   "cxx|cxx/visitors|cxx/client"
   "poa/plugin|poa/hh|poa/impl|poa/opdict"
   "driver"
