@@ -50,10 +50,15 @@ ClientConnection::Result ClientConnection::call(CORBA::ULong request_id, const u
         }
         m_reader = true;
         lock.unlock();
-        const bool ready = Socket::wait_readable(fd(), deadline);
-        if (ready) {
-            Reactor::Later none;
-            read_available(none);
+        Reactor::Later none;
+        bool ready = true;
+        if (deadline == std::chrono::steady_clock::time_point::max()) {
+            // Waits in recv itself: one call instead of poll and recv.
+            read_available(none, true);
+        } else {
+            ready = Socket::wait_readable(fd(), deadline);
+            if (ready)
+                read_available(none);
         }
         lock.lock();
         m_reader = false;

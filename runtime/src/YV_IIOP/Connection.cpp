@@ -17,6 +17,9 @@ namespace {
 // How much is read at a time, and how long a refused peer may take to read
 // the MessageError before the connection goes.
 constexpr std::size_t chunk = 64 * 1024;
+// A message larger than this whose octets have not all come is read
+// straight into its own buffer.
+constexpr std::size_t large_message = 16 * 1024;
 constexpr std::size_t kept_buffer = 1024 * 1024;
 constexpr std::chrono::seconds drain_time{2};
 
@@ -34,6 +37,7 @@ Connection::~Connection() = default;
 
 void Connection::attach(Reactor::Watching what)
 {
+    m_edge = what == Reactor::stream;
     m_reactor.add(m_socket.fd(), shared_from_this(), what);
 }
 
@@ -73,6 +77,8 @@ void Connection::refuse(Version version)
     std::weak_ptr<Connection> self = shared_from_this();
     m_reactor.post_after(drain_time, [self] {
         if (auto c = self.lock()) {
+            // A caller may be waiting in recv with the reading lock held.
+            ::shutdown(c->m_socket.fd(), SHUT_RDWR);
             std::lock_guard<std::mutex> lock(c->m_reading);
             c->finish();
         }
@@ -81,34 +87,81 @@ void Connection::refuse(Version version)
 
 void Connection::on_ready(bool hangup, Reactor::Later& later)
 {
-    std::lock_guard<std::mutex> lock(m_reading);
-    read_locked(hangup, later);
+    if (!m_edge) {
+        std::lock_guard<std::mutex> lock(m_reading);
+        read_locked(hangup, later, false);
+        return;
+    }
+    if (hangup)
+        m_hangup = true;
+    m_wanted = true;
+    // Whoever holds the reading lock sees m_wanted once it lets go.
+    while (m_reading.try_lock()) {
+        std::lock_guard<std::mutex> lock(m_reading, std::adopt_lock);
+        if (!m_wanted.exchange(false))
+            return;
+        if (!read_locked(m_hangup, later, false)) {
+            // Left octets for fairness: no new event tells of them.
+            m_reactor.again(shared_from_this());
+            return;
+        }
+    }
 }
 
-void Connection::read_available(Reactor::Later& later)
+void Connection::read_available(Reactor::Later& later, bool wait)
 {
     std::lock_guard<std::mutex> lock(m_reading);
-    read_locked(false, later);
+    read_locked(false, later, wait);
 }
 
-void Connection::read_locked(bool hangup, Reactor::Later& later)
+bool Connection::read_locked(bool hangup, Reactor::Later& later, bool wait)
 {
     if (m_finished)
-        return;
+        return true;
     bool end = hangup;
-    // A few chunks per turn, so that one busy peer does not starve the
-    // others (the reactor calls again while octets are waiting).
-    for (int turn = 0; turn < 16; ++turn) {
-        if (m_start != 0 && m_start >= m_end / 2) {
-            std::memmove(m_in.data(), m_in.data() + m_start, m_end - m_start);
-            m_end -= m_start;
-            m_start = 0;
+    bool stopped = true;
+    // A few reads per turn, so that one busy peer does not starve the
+    // others (the reactor calls again while octets are waiting; an
+    // edge-triggered caller asks it to).
+    for (int turn = 0;; ++turn) {
+        if (turn == 16) {
+            stopped = false;
+            break;
         }
-        if (m_in.size() - m_end < chunk)
-            m_in.resize(m_end + chunk);
-        const std::size_t room = m_in.size() - m_end;
-        const ssize_t n = ::recv(m_socket.fd(), m_in.data() + m_end, room, 0);
+        unsigned char* into;
+        std::size_t room;
+        int flags = wait && turn == 0 ? 0 : MSG_DONTWAIT;
+        if (m_reading_large) {
+            into = m_large.octets.data() + m_large_filled;
+            room = m_large.octets.size() - m_large_filled;
+            // A waiting reader takes the rest of the message in one call.
+            if (flags == 0)
+                flags = MSG_WAITALL;
+        } else {
+            if (m_start != 0 && m_start >= m_end / 2) {
+                std::memmove(m_in.data(), m_in.data() + m_start, m_end - m_start);
+                m_end -= m_start;
+                m_start = 0;
+            }
+            if (m_in.size() - m_end < chunk)
+                m_in.resize(m_end + chunk);
+            into = m_in.data() + m_end;
+            room = m_in.size() - m_end;
+        }
+        const ssize_t n = ::recv(m_socket.fd(), into, room, flags);
         if (n > 0) {
+            if (m_reading_large) {
+                m_large_filled += static_cast<std::size_t>(n);
+                if (m_large_filled < m_large.octets.size())
+                    continue;
+                m_reading_large = false;
+                // Octets behind the message: an edge-triggered reader must
+                // find them now; a one-shot watch or a waiting client sees
+                // them on its next read.
+                if (!take(std::move(m_large), later) || !m_edge)
+                    break;
+                continue;
+            }
             m_end += static_cast<std::size_t>(n);
             if (m_draining) {
                 m_start = 0;
@@ -116,7 +169,7 @@ void Connection::read_locked(bool hangup, Reactor::Later& later)
             } else {
                 read_messages(later);
             }
-            if (static_cast<std::size_t>(n) < room)
+            if (static_cast<std::size_t>(n) < room && !m_reading_large)
                 break;
             continue;
         }
@@ -129,6 +182,7 @@ void Connection::read_locked(bool hangup, Reactor::Later& later)
     }
     if (end)
         finish();
+    return stopped;
 }
 
 void Connection::read_messages(Reactor::Later& later)
@@ -146,8 +200,19 @@ void Connection::read_messages(Reactor::Later& later)
             return;
         }
         const std::size_t total = MessageHeader::size + header.body_size;
-        if (m_end - m_start < total)
+        if (m_end - m_start < total) {
+            if (problem == MessageHeader::ok && total > large_message) {
+                // The rest goes straight into the message.
+                m_large.header = header;
+                m_large.octets.resize(total);
+                std::memcpy(m_large.octets.data(), p, m_end - m_start);
+                m_large_filled = m_end - m_start;
+                m_reading_large = true;
+                m_start = m_end;
+                break;
+            }
             return;
+        }
         if (problem == MessageHeader::bad_type) {
             m_start += total;
             std::lock_guard<std::mutex> lock(m_write);
@@ -160,17 +225,8 @@ void Connection::read_messages(Reactor::Later& later)
         piece.header = header;
         piece.octets.assign(p, p + total);
         m_start += total;
-        Message whole;
-        switch (m_assembler.add(std::move(piece), whole)) {
-        case FragmentAssembler::complete:
-            deliver(std::move(whole), later);
-            break;
-        case FragmentAssembler::pending:
-            break;
-        case FragmentAssembler::error:
-            refuse(header.version);
+        if (!take(std::move(piece), later))
             return;
-        }
     }
     if (m_start == m_end) {
         m_start = 0;
@@ -179,6 +235,23 @@ void Connection::read_messages(Reactor::Later& later)
         if (m_in.size() > kept_buffer)
             std::vector<unsigned char>().swap(m_in);
     }
+}
+
+bool Connection::take(Message&& piece, Reactor::Later& later)
+{
+    const Version version = piece.header.version;
+    Message whole;
+    switch (m_assembler.add(std::move(piece), whole)) {
+    case FragmentAssembler::complete:
+        deliver(std::move(whole), later);
+        return true;
+    case FragmentAssembler::pending:
+        return true;
+    case FragmentAssembler::error:
+        break;
+    }
+    refuse(version);
+    return false;
 }
 
 void Connection::finish()

@@ -38,7 +38,7 @@ public:
     // Starts watching the socket (the reactor keeps the connection from
     // then on): for input, or only for its end (a client reads its replies
     // itself).
-    void attach(Reactor::Watching what = Reactor::input);
+    void attach(Reactor::Watching what);
     // Sends one whole message; false when the connection is gone (it is
     // then closed).
     bool send(const unsigned char* data, std::size_t size);
@@ -59,17 +59,23 @@ protected:
     virtual void deliver(YV_GIOP::Message&& message, Reactor::Later& later) = 0;
     // The connection ended (the reading thread, once).
     virtual void lost() = 0;
-    // Reads what the socket holds (without waiting) and delivers the whole
-    // messages; sees the end of the connection. Any thread; readers take
-    // turns.
-    void read_available(Reactor::Later& later);
+    // Reads what the socket holds and delivers the whole messages; sees the
+    // end of the connection. Any thread; readers take turns. `wait`: the
+    // first read blocks until octets come (a client waiting for its reply
+    // without a deadline): the socket is blocking and every other read and
+    // send is made not to wait.
+    void read_available(Reactor::Later& later, bool wait = false);
     // Sends MessageError, then closes after the peer had time to read it.
     void refuse(YV_GIOP::Version version);
     Reactor& reactor() { return m_reactor; }
 
 private:
-    void read_locked(bool hangup, Reactor::Later& later);
+    // False when it stopped before the socket was empty.
+    bool read_locked(bool hangup, Reactor::Later& later, bool wait);
     void read_messages(Reactor::Later& later);
+    // A message read whole: fragments are put together, whole messages
+    // delivered. False when the connection was refused.
+    bool take(YV_GIOP::Message&& piece, Reactor::Later& later);
     // Ends the connection; m_reading is held.
     void finish();
 
@@ -85,6 +91,16 @@ private:
     std::vector<unsigned char> m_in;
     std::size_t m_start = 0;
     std::size_t m_end = 0;
+    // A large message is read straight into its own octets rather than
+    // through m_in: m_large_filled of them are there.
+    YV_GIOP::Message m_large;
+    std::size_t m_large_filled = 0;
+    bool m_reading_large = false;
+    // Watched edge-triggered: an event while another thread reads is left
+    // to that thread, which reads again when it sees m_wanted.
+    bool m_edge = false;
+    std::atomic<bool> m_wanted{false};
+    std::atomic<bool> m_hangup{false};
     std::mutex m_write;
     std::atomic<bool> m_closed{false};
     bool m_draining = false;

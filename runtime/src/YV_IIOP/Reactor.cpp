@@ -82,14 +82,16 @@ void Reactor::stop()
 void Reactor::add(int fd, std::shared_ptr<Handler> handler, Watching what)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    const std::uint32_t generation = ++m_generation;
-    const std::uint32_t events = what == input ? EPOLLIN | EPOLLRDHUP : EPOLLRDHUP;
+    if (++m_generation == 0)
+        ++m_generation;  // 0 means no watch
+    const std::uint32_t generation = m_generation;
+    const std::uint32_t events = what == hangup_only ? EPOLLRDHUP : EPOLLIN | EPOLLRDHUP;
     epoll_event e{};
-    e.events = events | EPOLLONESHOT;
+    e.events = events | (what == stream ? EPOLLET : EPOLLONESHOT);
     e.data.u64 = tag(fd, generation);
     if (::epoll_ctl(m_epoll, EPOLL_CTL_ADD, fd, &e) != 0)
         throw std::system_error(errno, std::generic_category(), "epoll_ctl");
-    m_handlers[fd] = Watch{generation, events, std::move(handler)};
+    m_handlers[fd] = Watch{generation, e.events & ~EPOLLONESHOT, std::move(handler)};
 }
 
 void Reactor::remove(int fd)
@@ -111,6 +113,8 @@ void Reactor::rearm(int fd, std::uint32_t generation)
     auto found = m_handlers.find(fd);
     if (found == m_handlers.end() || found->second.generation != generation)
         return;  // removed meanwhile
+    if (found->second.events & EPOLLET)
+        return;  // never disarmed
     epoll_event e{};
     e.events = found->second.events | EPOLLONESHOT;
     e.data.u64 = tag(fd, generation);
@@ -133,6 +137,32 @@ void Reactor::post_after(Clock::duration delay, std::function<void()> work)
         m_timers.emplace(Clock::now() + delay, std::move(work));
     }
     wake();
+}
+
+void Reactor::again(std::shared_ptr<Handler> handler)
+{
+    post([this, handler] { handle(handler, false, -1, 0); });
+}
+
+void Reactor::handle(const std::shared_ptr<Handler>& handler, bool hangup, int fd, std::uint32_t generation)
+{
+    Later later;
+    handler->on_ready(hangup, later);
+    if (generation != 0)
+        rearm(fd, generation);
+    if (later.empty())
+        return;
+    keep_a_follower();
+    for (std::function<void()>& w : later) {
+        try {
+            w();
+        } catch (...) {
+            // Work reports its own failures; the thread goes on.
+        }
+    }
+    later.clear();
+    std::lock_guard<std::mutex> lock(m_mutex);
+    --m_busy;
 }
 
 void Reactor::wake()
@@ -220,24 +250,8 @@ void Reactor::run()
             handler = found->second.handler;
         lock.unlock();
         if (handler) {
-            Later later;
-            handler->on_ready((event.events & (EPOLLHUP | EPOLLERR)) != 0, later);
+            handle(handler, (event.events & (EPOLLHUP | EPOLLERR)) != 0, fd, generation);
             handler.reset();
-            rearm(fd, generation);
-            if (!later.empty()) {
-                keep_a_follower();
-                for (std::function<void()>& w : later) {
-                    try {
-                        w();
-                    } catch (...) {
-                        // Work reports its own failures; the thread goes on.
-                    }
-                }
-                later.clear();
-                lock.lock();
-                --m_busy;
-                continue;
-            }
         }
         lock.lock();
     }

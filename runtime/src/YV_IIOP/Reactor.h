@@ -40,8 +40,13 @@ public:
         virtual void on_ready(bool hangup, Later& later) = 0;
     };
 
-    // What a socket is watched for: input (and its end), or only its end.
-    enum Watching { input, hangup_only };
+    // What a socket is watched for: input (and its end), or only its end;
+    // these are watched one-shot (above). `stream`: input, edge-triggered
+    // and never watched again: an event comes when new octets come, the
+    // handler may be called on several threads at once and lets one of them
+    // read (no epoll_ctl per message); a handler that stops before it has
+    // read everything calls again().
+    enum Watching { input, hangup_only, stream };
 
     explicit Reactor(std::size_t max_threads = 1024, std::size_t idle_threads = 4,
                      std::chrono::milliseconds idle_time = std::chrono::seconds(30));
@@ -60,11 +65,16 @@ public:
     // Runs `work` on one of the reactor's threads, at once or after `delay`.
     void post(std::function<void()> work);
     void post_after(Clock::duration delay, std::function<void()> work);
+    // Calls `handler` again on a reactor thread, as for an event.
+    void again(std::shared_ptr<Handler> handler);
 
 private:
     void run();
     void wake();
     void rearm(int fd, std::uint32_t generation);
+    // Runs a handler for an event and then the work it handed back;
+    // `generation` 0: nothing to watch again.
+    void handle(const std::shared_ptr<Handler>& handler, bool hangup, int fd, std::uint32_t generation);
     // Before a thread runs work handed back: another thread waits for
     // events, a new one if needed (and allowed).
     void keep_a_follower();

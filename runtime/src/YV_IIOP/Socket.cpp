@@ -16,10 +16,10 @@ namespace YV_IIOP {
 
 namespace {
 
-void set_nonblocking(int fd)
+void set_blocking(int fd, bool blocking)
 {
     const int flags = ::fcntl(fd, F_GETFL, 0);
-    ::fcntl(fd, F_SETFL, flags | O_NONBLOCK);
+    ::fcntl(fd, F_SETFL, blocking ? flags & ~O_NONBLOCK : flags | O_NONBLOCK);
 }
 
 int remaining_ms(std::chrono::steady_clock::time_point deadline)
@@ -55,7 +55,7 @@ void Socket::close()
 
 void Socket::tune(int fd)
 {
-    set_nonblocking(fd);
+    set_blocking(fd, true);
     const int one = 1;
     ::setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &one, sizeof one);
 }
@@ -85,7 +85,7 @@ Socket Socket::listen(const std::string& host, std::uint16_t port)
             error = errno;
             continue;
         }
-        set_nonblocking(s.fd());
+        set_blocking(s.fd(), false);
         ::freeaddrinfo(found);
         return s;
     }
@@ -181,7 +181,7 @@ bool Socket::write_all(int fd, const unsigned char* data, std::size_t size,
                        std::chrono::steady_clock::time_point deadline)
 {
     while (size != 0) {
-        const ssize_t n = ::send(fd, data, size, MSG_NOSIGNAL);
+        const ssize_t n = ::send(fd, data, size, MSG_NOSIGNAL | MSG_DONTWAIT);
         if (n > 0) {
             data += n;
             size -= static_cast<std::size_t>(n);

@@ -29,7 +29,7 @@ public:
     // A non-blocking listening socket on host:port ("" or "0.0.0.0": every
     // IPv4 interface; "::": every interface). Throws std::system_error.
     static Socket listen(const std::string& host, std::uint16_t port);
-    // A connected non-blocking socket with TCP_NODELAY, or an invalid one
+    // A connected socket (tuned as below), or an invalid one
     // when no address of `host` accepted before `deadline` (`refused` tells
     // a refusal from a timeout or an unknown host).
     static Socket connect(const std::string& host, std::uint16_t port,
@@ -39,7 +39,9 @@ public:
     std::string local_host() const;
     std::uint16_t local_port() const;
 
-    // Prepares an accepted socket: non-blocking, TCP_NODELAY.
+    // Prepares a connected socket: TCP_NODELAY, and blocking, so that a
+    // thread with nothing else to do may wait in recv; every read and write
+    // that must not wait says so (MSG_DONTWAIT).
     static void tune(int fd);
     // Writes all of `data`, waiting while the socket is full; false when
     // the peer is gone (or `deadline` passes).
