@@ -1,14 +1,23 @@
 #include "YV_GIOP/MessageBuilder.h"
 
+#include "YV_GIOP/SpareBuffers.h"
+
 namespace YV_GIOP {
 
-MessageBuilder::MessageBuilder(Version version, MsgType type, bool little_endian) : m_out(little_endian, 256)
+MessageBuilder::MessageBuilder(Version version, MsgType type, bool little_endian)
+    : m_out(little_endian == YV_CDR::native_little_endian ? SpareBuffers::take_stream(256)
+                                                          : YV_CDR::OutputStream(little_endian, 256))
 {
     m_header.version = version;
     m_header.little_endian = little_endian;
     m_header.type = type;
     m_out.giop_minor(version.minor);
     m_out.grow(MessageHeader::size);
+}
+
+MessageBuilder::~MessageBuilder()
+{
+    SpareBuffers::give_stream(std::move(m_out));
 }
 
 void MessageBuilder::begin_body()

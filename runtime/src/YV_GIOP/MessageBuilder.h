@@ -14,6 +14,10 @@ namespace YV_GIOP {
 class MessageBuilder {
 public:
     MessageBuilder(Version version, MsgType type, bool little_endian = YV_CDR::native_little_endian);
+    // The buffer goes back to the thread's spares (SpareBuffers).
+    ~MessageBuilder();
+    MessageBuilder(MessageBuilder&&) = default;
+    MessageBuilder& operator=(MessageBuilder&&) = default;
 
     YV_CDR::OutputStream& stream() { return m_out; }
     Version version() const { return m_header.version; }

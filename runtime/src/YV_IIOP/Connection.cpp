@@ -1,6 +1,7 @@
 #include "YV_IIOP/Connection.h"
 
 #include "YV_GIOP/MessageBuilder.h"
+#include "YV_GIOP/SpareBuffers.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -118,7 +119,10 @@ bool Connection::read_locked(bool hangup, Reactor::Later& later, bool wait)
 {
     if (m_finished)
         return true;
-    bool end = hangup;
+    // Edge-triggered, a closed peer is read to its end; one-shot, the
+    // reactor calls again while octets are left.
+    bool end = hangup && !m_edge;
+    const bool to_the_end = hangup && m_edge;
     bool stopped = true;
     // A few reads per turn, so that one busy peer does not starve the
     // others (the reactor calls again while octets are waiting; an
@@ -169,7 +173,7 @@ bool Connection::read_locked(bool hangup, Reactor::Later& later, bool wait)
             } else {
                 read_messages(later);
             }
-            if (static_cast<std::size_t>(n) < room && !m_reading_large)
+            if (static_cast<std::size_t>(n) < room && !m_reading_large && !to_the_end)
                 break;
             continue;
         }
@@ -204,7 +208,7 @@ void Connection::read_messages(Reactor::Later& later)
             if (problem == MessageHeader::ok && total > large_message) {
                 // The rest goes straight into the message.
                 m_large.header = header;
-                m_large.octets.resize(total);
+                m_large.octets = SpareBuffers::take_octets(total);
                 std::memcpy(m_large.octets.data(), p, m_end - m_start);
                 m_large_filled = m_end - m_start;
                 m_reading_large = true;

@@ -245,12 +245,18 @@ void Reactor::run()
             continue;
         }
         std::shared_ptr<Handler> handler;
+        bool edge = false;
         auto found = m_handlers.find(fd);
-        if (found != m_handlers.end() && found->second.generation == generation)
+        if (found != m_handlers.end() && found->second.generation == generation) {
             handler = found->second.handler;
+            edge = (found->second.events & EPOLLET) != 0;
+        }
         lock.unlock();
         if (handler) {
-            handle(handler, (event.events & (EPOLLHUP | EPOLLERR)) != 0, fd, generation);
+            // An edge-triggered socket that the peer closed has to be read
+            // to its end now: no later event would say so.
+            const std::uint32_t ended = EPOLLHUP | EPOLLERR | (edge ? static_cast<std::uint32_t>(EPOLLRDHUP) : 0u);
+            handle(handler, (event.events & ended) != 0, fd, generation);
             handler.reset();
         }
         lock.lock();

@@ -44,8 +44,9 @@ public:
     // these are watched one-shot (above). `stream`: input, edge-triggered
     // and never watched again: an event comes when new octets come, the
     // handler may be called on several threads at once and lets one of them
-    // read (no epoll_ctl per message); a handler that stops before it has
-    // read everything calls again().
+    // read (no epoll_ctl per message); `hangup` also says that the peer
+    // closed its side (read to the end now); a handler that stops before it
+    // has read everything calls again().
     enum Watching { input, hangup_only, stream };
 
     explicit Reactor(std::size_t max_threads = 1024, std::size_t idle_threads = 4,

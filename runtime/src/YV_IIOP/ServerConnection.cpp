@@ -1,6 +1,7 @@
 #include "YV_IIOP/ServerConnection.h"
 
 #include "YV_GIOP/MessageBuilder.h"
+#include "YV_GIOP/SpareBuffers.h"
 
 namespace YV_IIOP {
 
@@ -49,7 +50,12 @@ void ServerConnection::deliver(Message&& message, Reactor::Later& later)
     switch (message.header.type) {
     case Request:
     case LocateRequest: {
-        auto shared = std::make_shared<const Message>(std::move(message));
+        // Its octets go to the spares of the thread that is done with it
+        // last (usually the one that read it, and reads the next).
+        std::shared_ptr<const Message> shared(new Message(std::move(message)), [](const Message* m) {
+            SpareBuffers::give_octets(std::move(const_cast<Message*>(m)->octets));
+            delete m;
+        });
         std::shared_ptr<ServerConnection> self = std::static_pointer_cast<ServerConnection>(shared_from_this());
         const Handler& handler = m_handler;
         // The thread that read the request serves it; when one read brings

@@ -4,6 +4,7 @@
 #include "YV_GIOP/CdrText.h"
 #include "YV_GIOP/IOR.h"
 #include "YV_GIOP/RequestHeader.h"
+#include "YV_GIOP/SpareBuffers.h"
 #include "YV_GIOP/SystemExceptionCodec.h"
 #include "YV_IIOP/Transport.h"
 #include "YV_ORB/Adapter.h"
@@ -25,6 +26,13 @@ namespace YV_ORB {
 using namespace YV_GIOP;
 
 namespace {
+
+// Once the call is done with its reply, the reply's octets go to the
+// thread's spares for the next one.
+struct GiveBackOctets {
+    Message& message;
+    ~GiveBackOctets() { SpareBuffers::give_octets(std::move(message.octets)); }
+};
 
 // How many forwards one call follows before it gives up.
 constexpr int max_forwards = 16;
@@ -322,6 +330,7 @@ Invocation::Outcome Invocation::invoke_remote(const Reference& target, const YV_
                                       ? std::chrono::steady_clock::time_point::max()
                                       : std::chrono::steady_clock::now() + options.call_timeout;
             Message reply;
+            const GiveBackOctets give_back{reply};
             switch (connection->call(id, message.data(), message.size(), reply, deadline)) {
             case YV_IIOP::ClientConnection::retry:
                 continue;

@@ -1,5 +1,6 @@
 #include "YV_ORB/ReplyBuilder.h"
 
+#include "YV_GIOP/SpareBuffers.h"
 #include "zantic_sys/CORBA/SystemException.h"
 
 namespace YV_ORB {
@@ -8,13 +9,18 @@ using YV_GIOP::MessageHeader;
 using YV_GIOP::ReplyHeader;
 
 ReplyBuilder::ReplyBuilder(YV_GIOP::Version version, CORBA::ULong request_id)
-    : m_framed(true), m_version(version), m_request_id(request_id), m_out(YV_CDR::native_little_endian, 256)
+    : m_framed(true), m_version(version), m_request_id(request_id), m_out(YV_GIOP::SpareBuffers::take_stream(256))
 {
     m_out.giop_minor(version.minor);
 }
 
-ReplyBuilder::ReplyBuilder() : m_framed(false), m_version{1, 2}, m_request_id(0), m_out(YV_CDR::native_little_endian, 256)
+ReplyBuilder::ReplyBuilder() : m_framed(false), m_version{1, 2}, m_request_id(0), m_out(YV_GIOP::SpareBuffers::take_stream(256))
 {
+}
+
+ReplyBuilder::~ReplyBuilder()
+{
+    YV_GIOP::SpareBuffers::give_stream(std::move(m_out));
 }
 
 YV_CDR::OutputStream& ReplyBuilder::begin(ReplyHeader::Status status, bool with_body)

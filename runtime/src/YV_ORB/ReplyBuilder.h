@@ -22,6 +22,10 @@ public:
     ReplyBuilder(YV_GIOP::Version version, CORBA::ULong request_id);
     // Only the body, aligned from its first octet, in GIOP 1.2 encoding.
     ReplyBuilder();
+    // The buffer goes back to the thread's spares.
+    ~ReplyBuilder();
+    ReplyBuilder(const ReplyBuilder&) = delete;
+    ReplyBuilder& operator=(const ReplyBuilder&) = delete;
 
     // Starts the reply with `status`; `with_body` when values follow (GIOP
     // 1.2 then aligns them on 8). The stream receives the body.
