@@ -60,6 +60,7 @@ void Reactor::stop()
         threads.swap(m_threads);
         m_finished.clear();
     }
+    m_idle.notify_all();
     wake();
     for (std::thread& t : threads)
         if (t.get_id() != std::this_thread::get_id())
@@ -187,6 +188,38 @@ void Reactor::spawn(std::unique_lock<std::mutex>&)
         m_threads.emplace_back([this] { run(); });
 }
 
+bool Reactor::follow(std::unique_lock<std::mutex>& lock)
+{
+    if (m_standing_by) {
+        // Another thread stands by: sleep until it takes over, or end after
+        // a while without work.
+        if (m_idle.wait_for(lock, m_idle_time) == std::cv_status::timeout && !m_stopping
+            && m_threads.size() - m_finished.size() > m_keep) {
+            m_finished.push_back(std::this_thread::get_id());
+            return false;
+        }
+        return true;
+    }
+    // Take over when the leader has been away (serving what it read) for a
+    // whole takeover time: neither back in epoll_wait nor replaced. Its
+    // short absences (a quick request) go unnoticed, so the same thread
+    // keeps serving a connection and nobody wakes for nothing.
+    m_standing_by = true;
+    bool away = false;
+    std::uint64_t turn = 0;
+    for (;;) {
+        m_idle.wait_for(lock, away ? takeover_time : watch_time);
+        if (m_stopping || (!m_leader && away && turn == m_leader_turns))
+            break;
+        away = !m_leader;
+        turn = m_leader_turns;
+    }
+    m_standing_by = false;
+    // One of the sleeping threads stands by next.
+    m_idle.notify_one();
+    return true;
+}
+
 void Reactor::keep_a_follower()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
@@ -217,6 +250,13 @@ void Reactor::run()
             lock.lock();
             continue;
         }
+        if (m_leader) {
+            if (!follow(lock))
+                return;
+            continue;
+        }
+        m_leader = true;
+        ++m_leader_turns;
         auto wait = m_idle_time;
         const bool timers = !m_timers.empty();
         if (timers)
@@ -225,6 +265,7 @@ void Reactor::run()
         lock.unlock();
         const int n = ::epoll_wait(m_epoll, &event, 1, static_cast<int>(wait.count()));
         lock.lock();
+        m_leader = false;
         if (n < 0 && errno != EINTR)
             return;
         if (n == 0 && !timers && m_threads.size() - m_finished.size() > m_keep) {

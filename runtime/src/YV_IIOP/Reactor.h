@@ -2,20 +2,22 @@
 // become ready and call their handlers; other threads post work and timers
 // to it.
 //
-// Several threads wait on the one epoll set (leader/followers): a socket's
-// event goes to one of them, and the socket is not watched again until its
-// handler returns, so a handler never runs twice at once for one socket. A
-// handler may hand back work that takes time (serving a request it read):
-// the thread that read it runs it after the socket is watched again, and
-// first makes sure another thread waits for events (a new one when none
-// is left), so nothing waits behind it: a request needs no switch of
-// thread, and a servant that calls back into its caller still finds a
-// thread to read the callback. Threads beyond `idle_threads` end after
-// `idle_time` without events.
+// One thread at a time (the leader) waits in epoll_wait; a socket's event
+// goes to it, and a one-shot socket is not watched again until its handler
+// returns, so a handler never runs twice at once for one socket. A handler
+// may hand back work that takes time (serving a request it read): the
+// leader runs it itself (no switch of thread) and goes back to epoll_wait,
+// so the thread that serves a connection is the one that wakes for its
+// next request. Meanwhile another thread stands by: when the leader stays
+// away for a while (a servant calling back into its caller, who calls
+// back again), it takes the leader's place, so the callback is read; a new
+// thread is started when every thread is busy, up to the limit. Threads
+// beyond `idle_threads` end after `idle_time` without events.
 #ifndef YV_IIOP_REACTOR_H
 #define YV_IIOP_REACTOR_H
 
 #include <chrono>
+#include <condition_variable>
 #include <cstdint>
 #include <functional>
 #include <list>
@@ -79,6 +81,9 @@ private:
     // Before a thread runs work handed back: another thread waits for
     // events, a new one if needed (and allowed).
     void keep_a_follower();
+    // A thread while another one waits for events (the leader); false when
+    // the thread ends.
+    bool follow(std::unique_lock<std::mutex>& lock);
     void spawn(std::unique_lock<std::mutex>& lock);
 
     const std::size_t m_max;
@@ -92,6 +97,14 @@ private:
     std::vector<std::thread::id> m_finished;
     // Threads running work handed back (the others wait for events).
     std::size_t m_busy = 0;
+    // One thread at a time waits in epoll_wait (the leader); one other
+    // stands by to take its place when it stays away, the others sleep.
+    bool m_leader = false;
+    std::uint64_t m_leader_turns = 0;
+    bool m_standing_by = false;
+    std::condition_variable m_idle;
+    static constexpr std::chrono::milliseconds watch_time{5};
+    static constexpr std::chrono::milliseconds takeover_time{1};
     std::uint32_t m_generation = 0;
     struct Watch {
         std::uint32_t generation;

@@ -292,7 +292,7 @@ Invocation::Outcome Invocation::invoke_remote(const Reference& target, const YV_
     const std::vector<IIOPProfile>& profiles = target.iiop_profiles();
     if (profiles.empty())
         throw CORBA::TRANSIENT(0x4f4d0002, CORBA::COMPLETED_NO);
-    const ORBOptions options = ORBCore::instance().options();
+    const auto call_timeout = ORBCore::instance().call_timeout();
     bool any_refused = false;
     for (std::size_t index = 0; index < profiles.size(); ++index) {
         const IIOPProfile& profile = profiles[index];
@@ -326,9 +326,9 @@ Invocation::Outcome Invocation::invoke_remote(const Reference& target, const YV_
                     return done;
                 continue;
             }
-            const auto deadline = options.call_timeout.count() == 0
+            const auto deadline = call_timeout.count() == 0
                                       ? std::chrono::steady_clock::time_point::max()
-                                      : std::chrono::steady_clock::now() + options.call_timeout;
+                                      : std::chrono::steady_clock::now() + call_timeout;
             Message reply;
             const GiveBackOctets give_back{reply};
             switch (connection->call(id, message.data(), message.size(), reply, deadline)) {

@@ -120,6 +120,12 @@ ORBOptions ORBCore::options() const
     return m_options;
 }
 
+std::chrono::milliseconds ORBCore::call_timeout() const
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_options.call_timeout;
+}
+
 void ORBCore::trace(int level, const std::string& line)
 {
     if (m_trace_level >= level)

@@ -32,6 +32,8 @@ public:
     // the endpoints they name.
     void initialize(const ORBOptions& options);
     ORBOptions options() const;
+    // How long a call waits for its reply (0: as long as it takes).
+    std::chrono::milliseconds call_timeout() const;
 
     const ObjectKey::Nonce& nonce() const { return m_nonce; }
 
