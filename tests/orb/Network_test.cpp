@@ -22,6 +22,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <iterator>
 #include <thread>
 
 namespace {
@@ -172,6 +173,17 @@ TEST_F(Network, NestedCallsBackAndForthDoNotDeadlock)
     CORBA::Object_var other_ref = orb->string_to_object(text.in());
     EXPECT_EQ(call_nest(ref.in(), other_ref.in(), 24), 24);
     root->deactivate_object(other_id.in());
+}
+
+// A request that waits for a later one on the same connection: while its
+// thread is held, another thread reads the connection.
+TEST_F(Network, ARequestWaitingForTheNextOneOnItsConnectionGetsIt)
+{
+    std::thread waiting([&] { EXPECT_EQ(call_add(ref.in(), 16, 77).c, 1); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    call_note(ref.in(), 77);
+    waiting.join();
+    EXPECT_EQ(YV_ORB::ORBCore::instance().transport()->server_connections(), 1u);
 }
 
 TEST_F(Network, ThreadsShareOneConnection)
@@ -507,6 +519,42 @@ TEST_F(Network, RequestsOfEveryVersionByteOrderAndShape)
     ASSERT_EQ(status_of(m, got, in), ReplyHeader::NO_EXCEPTION);
     EXPECT_EQ(got, 7u);
     EXPECT_EQ(in.read_long(), 30);
+    // A large request arriving in pieces, a small one behind it in the last
+    // piece: both answered, the large one's octets intact.
+    std::string payload(40000, '\0');
+    for (std::size_t i = 0; i < payload.size(); ++i)
+        payload[i] = static_cast<char>(i * 7 + i / 256);
+    MessageBuilder large(Version{1, 2}, Request);
+    RequestHeader lrh;
+    lrh.request_id = 10;
+    lrh.response_flags = RequestHeader::sync_with_target;
+    lrh.target.object_key = key;
+    lrh.operation = "bounce";
+    lrh.write(large.stream(), Version{1, 2});
+    large.begin_body();
+    large.stream().write_ulong(static_cast<CORBA::ULong>(payload.size()));
+    large.stream().write_octet_array(reinterpret_cast<const CORBA::Octet*>(payload.data()), payload.size());
+    large.finish();
+    std::vector<unsigned char> pieces(large.data(), large.data() + large.size());
+    const std::vector<unsigned char> behind = request_bytes(Version{1, 2}, 11, key, "add", {3, 4});
+    pieces.insert(pieces.end(), behind.begin(), behind.end());
+    const std::size_t cuts[] = {0, 20, 1000, large.size() - 100, pieces.size()};
+    for (std::size_t i = 0; i + 1 < std::size(cuts); ++i) {
+        if (i != 0)
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        peer.send(std::vector<unsigned char>(pieces.begin() + cuts[i], pieces.begin() + cuts[i + 1]));
+    }
+    for (int n = 0; n < 2; ++n) {
+        ASSERT_TRUE(peer.receive(m));
+        ASSERT_EQ(status_of(m, got, in), ReplyHeader::NO_EXCEPTION);
+        if (got == 11) {
+            EXPECT_EQ(in.read_long(), 12);
+            continue;
+        }
+        EXPECT_EQ(got, 10u);
+        ASSERT_EQ(in.read_ulong(), payload.size());
+        EXPECT_EQ(std::memcmp(in.read_octets(payload.size()), payload.data(), payload.size()), 0);
+    }
     // A locate request, a cancel and a oneway get their answers (the last two none).
     MessageBuilder cancel(Version{1, 2}, CancelRequest);
     cancel.stream().write_ulong(12345);

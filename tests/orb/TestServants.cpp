@@ -1,7 +1,9 @@
 #include "TestServants.h"
 
 
+#include <chrono>
 #include <cstring>
+#include <thread>
 #include <stdexcept>
 
 namespace orbtest {
@@ -97,6 +99,14 @@ CORBA::Long Adder::add(CORBA::Long a, CORBA::Long& b, CORBA::Long& c)
     }
     if (a == 15)
         throw std::runtime_error("not CORBA");
+    if (a == 16) {
+        // Waits (at most 10 s) until a later request has noted b; c tells.
+        c = 0;
+        for (int i = 0; i < 1000 && noted != b; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        c = noted == b ? 1 : 0;
+        return 0;
+    }
     c = a - b;
     const CORBA::Long r = a * b;
     b = a + b;
