@@ -231,6 +231,7 @@ void GEN_CPlusPlus::generate_client()
     m_companions_done.clear();
     m_nested_names.clear();
     m_nested_names_known = false;
+    m_includes_written = 0;
     setFileStrings();
     // Cleared again by an error that ends the run, as on success.
     struct Writing {
@@ -370,12 +371,32 @@ void GEN_CPlusPlus::outputIncludes(std::ostream& os)
     os << "\n\n";
 }
 
+// The include lines of the directives that stand before the main file's
+// first declaration. The others are written where they stand among its
+// declarations (write_includes_before): two files that include each other
+// declare their names ahead of the include for the other file to use.
 void GEN_CPlusPlus::outputIncludedIDL(std::ostream& os)
 {
     IDL_GlobalData* data = global_data();
     if (!data)
         return;
-    for (const IDL_IncludedFile& f : data->included_files()) {
+    const auto& decls = data->root()->decls();
+    std::size_t first = 0;
+    while (first < decls.size() && !decls[first]->in_main_file())
+        ++first;
+    write_includes_before(os, first);
+}
+
+bool GEN_CPlusPlus::write_includes_before(std::ostream& os, std::size_t position)
+{
+    IDL_GlobalData* data = global_data();
+    if (!data)
+        return false;
+    bool wrote = false;
+    const std::vector<IDL_IncludedFile>& included = data->included_files();
+    for (; m_includes_written < included.size() && included[m_includes_written].position <= position;
+         ++m_includes_written) {
+        const IDL_IncludedFile& f = included[m_includes_written];
         // A file included inside a module body is written out in place.
         if (f.in_body)
             continue;
@@ -396,7 +417,9 @@ void GEN_CPlusPlus::outputIncludedIDL(std::ostream& os)
         const YV_String& ext = f.flag ? m_standard_header_ext : m_header_ext;
         os << "#include " << written.front() << file << (ext.contains(".") ? ext.str() : "." + ext.str())
            << written.back() << "\n";
+        wrote = true;
     }
+    return wrote;
 }
 
 void GEN_CPlusPlus::output_header_system_includes(std::ostream& os) { os << "#include <zantic_sys/yvcxx.h>\n"; }

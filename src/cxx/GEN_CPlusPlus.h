@@ -130,6 +130,11 @@ public:
     // skeleton plug-ins' text, whose names are fixed) null.
     const std::set<std::string>* capture_guard();
 
+    // Writes the include lines of the main file's directives at file scope
+    // that stand before root declaration `position` and are not written yet;
+    // true when it wrote a line.
+    bool write_includes_before(std::ostream& os, std::size_t position);
+
 protected:
     // File naming (extensions are held without a leading '.').
     YV_String m_header_ext;            // default "hh"
@@ -163,6 +168,8 @@ protected:
     std::set<std::string> m_nested_names;
     bool m_nested_names_known = false;
     bool m_writing_client = false;
+    // Entries of the included-file list whose include line is written.
+    std::size_t m_includes_written = 0;
 };
 
 // The capture guard of `gen` when it is a C++ generator, else null.

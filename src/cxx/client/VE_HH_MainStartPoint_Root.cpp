@@ -8,6 +8,7 @@
 #include "CxxMarshalWriter.h"
 #include "CxxPrinter.h"
 #include "CxxRuntimeNames.h"
+#include "GEN_CPlusPlus.h"
 
 namespace {
 
@@ -70,9 +71,19 @@ long VE_HH_MainStartPoint_Root::visit(AST_Decl* d)
     AST_Root* root = AST_Root::narrow_from_decl(d);
     if (!root)
         throw Visitor_i::NarrowFailure(visitor(), d);
-    for (const auto& member : root->decls())
-        if (member->in_main_file())
-            member->accept(visitor());
+    // An include line stands where its directive stood among the file's
+    // own declarations.
+    GEN_CPlusPlus* gen = CxxClientText(visitor()).generator();
+    const auto& decls = root->decls();
+    for (std::size_t i = 0; i < decls.size(); ++i) {
+        if (!decls[i]->in_main_file())
+            continue;
+        if (gen && gen->write_includes_before(os(), i))
+            os() << "\n";
+        decls[i]->accept(visitor());
+    }
+    if (gen && gen->write_includes_before(os(), decls.size()))
+        os() << "\n";
     output_global(root);
     return 1;
 }

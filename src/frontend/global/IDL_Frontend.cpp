@@ -8,6 +8,7 @@
 #include "IDL_RepoIds.h"
 #include "idl_msg_header.h"
 
+#include <map>
 #include <ostream>
 #include <set>
 
@@ -20,6 +21,7 @@ std::unique_ptr<IDL_GlobalData> build(const PP_Result& pp, bool pp_ok, long erro
 {
     auto root = std::make_unique<AST_Root>();
     std::set<std::string> scoped_includes;
+    std::map<std::string, std::size_t> positions;
     if (pp_ok) {
         IDL_Lexer lexer(pp.text, main_file);
         lexer.run();
@@ -29,12 +31,16 @@ std::unique_ptr<IDL_GlobalData> build(const PP_Result& pp, bool pp_ok, long erro
         parser.parse();
         ids.assign();
         scoped_includes = parser.scoped_includes();
+        positions = parser.include_positions();
     }
     if (!pp_ok || idl_error_count() != errors_before)
         return nullptr;
     auto gd = std::make_unique<IDL_GlobalData>(std::move(root), main_file, options.prog_name);
-    for (const PP_Include& inc : pp.includes)
-        gd->add_included_file(inc.written, inc.flag, scoped_includes.count(inc.path) != 0);
+    for (const PP_Include& inc : pp.includes) {
+        const auto at = positions.find(inc.path);
+        gd->add_included_file(inc.written, inc.flag, scoped_includes.count(inc.path) != 0,
+                              at == positions.end() ? 0 : at->second);
+    }
     gd->set_files_read(pp.files);
     return gd;
 }

@@ -19,9 +19,9 @@ IDL_GlobalData::IDL_GlobalData(std::unique_ptr<AST_Root> root, std::string main_
 
 IDL_GlobalData::~IDL_GlobalData() = default;
 
-void IDL_GlobalData::add_included_file(std::string written_name, long flag, bool in_body)
+void IDL_GlobalData::add_included_file(std::string written_name, long flag, bool in_body, std::size_t position)
 {
     auto same = [&](const IDL_IncludedFile& f) { return f.name.str() == written_name; };
     if (std::none_of(m_included.begin(), m_included.end(), same))
-        m_included.push_back(IDL_IncludedFile{UTL_String(std::move(written_name)), flag, in_body});
+        m_included.push_back(IDL_IncludedFile{UTL_String(std::move(written_name)), flag, in_body, position});
 }

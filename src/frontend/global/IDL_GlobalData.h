@@ -23,6 +23,10 @@ struct IDL_IncludedFile {
     // True when the directive stands inside a body (a module's): the file's
     // declarations are then part of the main file where it stands.
     bool in_body = false;
+    // For a directive at file scope: the number of the root's declarations
+    // (of every file) read before it. 0 when it stands before them all, or
+    // when the file it names added nothing (read before, its guard closed).
+    std::size_t position = 0;
 };
 
 class IDL_GlobalData {
@@ -44,7 +48,7 @@ public:
     // once. (Files they include in turn are not listed.)
     const std::vector<IDL_IncludedFile>& included_files() const { return m_included; }
     long n_included_files() const { return static_cast<long>(m_included.size()); }
-    void add_included_file(std::string written_name, long flag, bool in_body = false);
+    void add_included_file(std::string written_name, long flag, bool in_body = false, std::size_t position = 0);
 
     // Every file read to build the tree: the main file, then the files
     // included at any depth, each once, as found (for dependency files).

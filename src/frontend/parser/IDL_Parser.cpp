@@ -325,8 +325,12 @@ void IDL_Parser::handle_directives(UTL_Scope* s)
         case IDL_Directive::Prefix: m_ids.set_prefix(d.arg, depth_of(s)); break;
         case IDL_Directive::FileEnter:
             // The main file's own opening marker opens no included file.
-            if (d.loc.file != m_lexer.file(m_lexer.main_file()).get() && m_file_depth++ == 0 && depth_of(s) > 0)
-                m_scoped_includes.insert(d.name);
+            if (d.loc.file != m_lexer.file(m_lexer.main_file()).get() && m_file_depth++ == 0) {
+                if (depth_of(s) > 0)
+                    m_scoped_includes.insert(d.name);
+                else
+                    m_include_positions.emplace(d.name, m_root->decls().size());
+            }
             m_ids.enter_file();
             break;
         case IDL_Directive::FileLeave:

@@ -19,6 +19,7 @@
 #include "IDL_Predefined.h"
 #include "IDL_ScopedName.h"
 
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -53,6 +54,11 @@ public:
     // mostly), as the line markers name them: their declarations are part
     // of the main file's text where the #include stands.
     const std::set<std::string>& scoped_includes() const { return m_scoped_includes; }
+    // Files the main file includes at file scope, with the number of the
+    // root's declarations (of every file) read before the #include: the
+    // client header writes its include line at that point of its own
+    // declarations.
+    const std::map<std::string, std::size_t>& include_positions() const { return m_include_positions; }
 
 private:
     // A type as written, with the anonymous type nodes the writing made
@@ -194,6 +200,7 @@ private:
     // Included files open at the current token (0: the main file).
     std::size_t m_file_depth = 0;
     std::set<std::string> m_scoped_includes;
+    std::map<std::string, std::size_t> m_include_positions;
     AST_Root* m_root;
     IDL_Names& m_names;
     IDL_RepoIds& m_ids;
