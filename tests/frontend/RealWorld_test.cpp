@@ -17,6 +17,8 @@ struct Accepted {
     // Lines the dump of the tree must hold.
     std::vector<std::string> lines;
     std::vector<std::pair<std::string, std::string>> files = {};
+    // The warning expected on the error stream; none when empty.
+    std::string warning = {};
 };
 
 void PrintTo(const Accepted& c, std::ostream* os) { *os << c.name; }
@@ -52,6 +54,15 @@ std::vector<Accepted> accepted()
          {"attribute L a"}},
         {"float_expression_with_integer", "const double D = 1 / 2.0;", {"const double D = 0.5"}},
         {"forward_under_same_prefix", "#pragma prefix \"a\"\ninterface I;\ninterface I {};", {"IDL:a/I:1.0"}},
+        // An interface may be defined by another IDL file than the one that
+        // declares it forward; the front end says so, as peers do.
+        {"interface_defined_elsewhere",
+         "module M {\n  interface R;\n  typedef sequence<R> Rs;\n  interface U { R get(in Rs all); };\n};",
+         {"interface U"},
+         {},
+         "main.idl:2:1: warning: interface 'R' is forward-declared but not defined in the files read"},
+        {"interface_defined_after_included_forward", "#include \"fwd.idl\"\ninterface R {};", {"interface R"},
+         {{"fwd.idl", "interface R;\n"}}},
     };
 }
 
@@ -63,6 +74,10 @@ TEST_P(AcceptedAsPeersDo, ParsesToTheRightTree)
     fetest::Parsed p = fetest::parse(c.text, "main.idl", c.files);
     ASSERT_TRUE(p.data) << p.err;
     EXPECT_EQ(p.errors, 0);
+    if (c.warning.empty())
+        EXPECT_EQ(p.err.find("warning"), std::string::npos) << p.err;
+    else
+        EXPECT_NE(p.err.find(c.warning), std::string::npos) << p.err;
     const std::string tree = fetest::dump(*p.data);
     for (const std::string& line : c.lines)
         EXPECT_NE(tree.find(line), std::string::npos) << "no '" << line << "' in:\n" << tree;

@@ -1,51 +1,14 @@
 #include "CxxAnyOperatorWriter.h"
 
-#include "AST_Array.h"
-#include "AST_Field.h"
-#include "AST_Interface.h"
-#include "AST_Sequence.h"
-#include "AST_Structure.h"
 #include "AST_Typedef.h"
-#include "AST_Union.h"
-#include "AST_UnionBranch.h"
 #include "CxxMarshalWriter.h"
 #include "CxxPrinter.h"
 #include "CxxTypeMapping.h"
 #include "NameResolver.h"
 
-#include <set>
 #include <vector>
 
 namespace {
-
-// True when a value of `t` holds a reference to an interface that is only
-// forward declared: its class is incomplete, so the value cannot be copied
-// or destroyed where the operators are defined.
-bool holds_undefined_reference(AST_Type* t, std::set<AST_Type*>& seen)
-{
-    AST_Type* r = CxxTypeMapping::resolved(t);
-    if (!r || !seen.insert(r).second)
-        return false;
-    if (AST_Interface* i = AST_Interface::narrow_from_decl(r))
-        return !i->is_defined();
-    if (AST_Sequence* s = AST_Sequence::narrow_from_decl(r))
-        return holds_undefined_reference(s->base_type(), seen);
-    if (AST_Array* a = AST_Array::narrow_from_decl(r))
-        return holds_undefined_reference(a->base_type(), seen);
-    if (AST_Union* u = AST_Union::narrow_from_decl(r)) {
-        for (AST_UnionBranch* b : u->branches())
-            if (holds_undefined_reference(b->field_type(), seen))
-                return true;
-        return false;
-    }
-    if (AST_Structure* st = AST_Structure::narrow_from_decl(r)) {
-        for (AST_Field* f : st->fields())
-            if (holds_undefined_reference(f->field_type(), seen))
-                return true;
-        return false;
-    }
-    return false;
-}
 
 // One operator: its declaration without ";" and the runtime call of its body.
 struct Operator {
@@ -57,10 +20,6 @@ struct Operator {
 
 bool CxxAnyOperatorWriter::has_operators(AST_Decl* d)
 {
-    std::set<AST_Type*> seen;
-    if (AST_Type* t = AST_Type::narrow_from_decl(d); t && d->node_type() != AST_Decl::NT_interface &&
-                                                      holds_undefined_reference(t, seen))
-        return false;
     switch (d->node_type()) {
     case AST_Decl::NT_struct:
     case AST_Decl::NT_union:

@@ -2,6 +2,7 @@
 
 #include "AST_Decl.h"
 #include "AST_Type.h"
+#include "CxxRuntimeNames.h"
 #include "CxxTypeQueries.h"
 #include "GEN_CPlusPlus.h"
 #include "NameResolver.h"
@@ -51,6 +52,21 @@ void CxxClientText::write_forward(const char* keyword, AST_Type* full, AST_Decl*
     printer().print("\n");
 }
 
+void CxxClientText::write_reference_helpers(AST_Decl* i, const std::string& n, UTL_Scope* where) const
+{
+    if (CxxRuntimeNames::provided(i, m_resolver))
+        return;
+    // Inside a class (modules mapped to classes) they are friends, which
+    // argument-dependent lookup finds just the same.
+    const std::string pre = (in_class(where) ? "friend " : "") + class_macro();
+    const CxxPrinter::Vars vars{{"n", n}, {"pre", pre}};
+    printer().print("$pre$$n$_ptr yv_ref_duplicate($n$_ptr _yvp_obj);\n"
+                    "$pre$void yv_ref_release($n$_ptr _yvp_obj);\n"
+                    "$pre$CORBA::Object_ptr yv_ref_object($n$_ptr _yvp_obj);\n"
+                    "$pre$$n$_ptr yv_ref_narrow(CORBA::Object_ptr _yvp_obj, $n$_ptr);\n",
+                    vars);
+}
+
 std::string CxxClientText::class_macro() const
 {
     return m_gen && m_gen->declspecs_on() ? std::string(m_gen->declspec()) + " " : std::string();
@@ -81,6 +97,8 @@ void CxxClientText::write_companions(AST_Type* t, const std::string& n, UTL_Scop
     case CxxTypeMapping::K_interface:
         p.print("typedef $n$* $n$_ptr;\n", {{"n", n}});
         var_out("YV_Cxx::ObjRef_var<" + n + ">", "YV_Cxx::ObjRef_out<" + n + ">");
+        if (t->node_type() == AST_Decl::NT_interface)
+            write_reference_helpers(t, n, where);
         break;
     case CxxTypeMapping::K_value:
     case CxxTypeMapping::K_valuebase:

@@ -51,6 +51,12 @@ public:
     // What is written follows the kind of the type (typedefs looked
     // through); a kind without companions writes nothing.
     void write_companions(AST_Type* t, const std::string& name, UTL_Scope* where) const;
+    // Writes, at the current level, the declarations of the functions
+    // through which the runtime's templates duplicate, release, marshal and
+    // narrow references of interface `i` (C++ name `name`) without its
+    // complete type; the interface's client source defines them. Nothing
+    // for an interface the runtime defines.
+    void write_reference_helpers(AST_Decl* i, const std::string& name, UTL_Scope* where) const;
     // Writes a forward declaration at the current level ("class I;" with
     // `keyword` "class"), then, the first time in the run, the companion
     // types of `full`, the declaration announced, and an empty line.

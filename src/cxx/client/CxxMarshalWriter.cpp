@@ -87,25 +87,6 @@ std::size_t primitive_size(AST_PredefinedType::PredefinedType pt)
     return 0;
 }
 
-// The interface that a member of type `t` refers to (directly or through
-// sequences and arrays) and that is only forward declared where the
-// marshaling code is compiled, or null.
-AST_Interface* undefined_interface(AST_Type* t)
-{
-    for (int depth = 0; depth < max_depth; ++depth) {
-        AST_Type* r = CxxTypeMapping::resolved(t);
-        if (AST_Interface* i = AST_Interface::narrow_from_decl(r))
-            return i->is_defined() ? nullptr : i;
-        if (AST_Sequence* s = AST_Sequence::narrow_from_decl(r))
-            t = s->base_type();
-        else if (AST_Array* a = AST_Array::narrow_from_decl(r))
-            t = a->base_type();
-        else
-            return nullptr;
-    }
-    return nullptr;
-}
-
 bool has_default_branch(AST_Union* u)
 {
     for (AST_UnionBranch* b : u->branches())
@@ -210,19 +191,8 @@ std::string CxxMarshalWriter::marshal_type(AST_Type* t) const
     return m_map.member(t);
 }
 
-std::string CxxMarshalWriter::refusal(AST_Type* t, const std::string& value) const
-{
-    AST_Interface* i = undefined_interface(t);
-    if (!i)
-        return std::string();
-    return "// " + m_map.full_name(i) + " is only forward declared here: its references cannot travel.\n" +
-           "static_cast<void>(" + value + ");\nthrow CORBA::MARSHAL(0, CORBA::COMPLETED_NO);";
-}
-
 std::string CxxMarshalWriter::write_statement(AST_Type* t, const std::string& out, const std::string& value) const
 {
-    if (const std::string refused = refusal(t, value); !refused.empty())
-        return refused;
     if (const char* op = primitive(t))
         return out + ".write_" + op + "(" + value + ");";
     if (const unsigned long bound = CxxTypeMapping::string_bound(t))
@@ -232,8 +202,6 @@ std::string CxxMarshalWriter::write_statement(AST_Type* t, const std::string& ou
 
 std::string CxxMarshalWriter::read_statement(AST_Type* t, const std::string& in, const std::string& value) const
 {
-    if (const std::string refused = refusal(t, value); !refused.empty())
-        return refused;
     if (const char* op = primitive(t))
         return value + " = " + in + ".read_" + op + "();";
     if (const unsigned long bound = CxxTypeMapping::string_bound(t))

@@ -71,9 +71,6 @@ public:
     static bool is_sequence_class(AST_Typedef* td);
 
 private:
-    // The statements that refuse to marshal a member of type `t` referring
-    // to an interface that is only forward declared, or "".
-    std::string refusal(AST_Type* t, const std::string& value) const;
     // The C++ type that Marshal is specialised for to carry a member of
     // type `t` ("CORBA::Long[2][3]" for an anonymous array).
     std::string marshal_type(AST_Type* t) const;

@@ -113,6 +113,7 @@ void VE_CPP_MainStartPoint_Interface::output_interface(CxxPrinter& p, AST_Interf
     output_typecode(p, i);
     p.print("\n");
     output_narrow(p, i);
+    output_reference_helpers(p, i);
     for (const auto& member : i->decls()) {
         AST_Decl* d = member.get();
         if (d->node_type() != AST_Decl::NT_op && d->node_type() != AST_Decl::NT_attr && d->in_main_file())
@@ -141,6 +142,21 @@ void VE_CPP_MainStartPoint_Interface::output_narrow(CxxPrinter& p, AST_Interface
                      {"full", full},
                      {"proxy", proxy}});
     }
+}
+
+void VE_CPP_MainStartPoint_Interface::output_reference_helpers(CxxPrinter& p, AST_Interface* i)
+{
+    CxxClientText text(visitor());
+    const std::string full = text.full(i);
+    // Friends of a class-mapped module are functions of the global namespace.
+    const std::string scope = text.in_class(i->defined_in()) ? "" : text.mapping().scope_prefix(i);
+    const CxxPrinter::Vars vars{{"full", full}, {"scope", scope}};
+    p.print("$full$_ptr $scope$yv_ref_duplicate($full$_ptr _yvp_obj) { return YV_Cxx::yv_ref_duplicate<$full$>(_yvp_obj); }\n"
+            "void $scope$yv_ref_release($full$_ptr _yvp_obj) { YV_Cxx::yv_ref_release<$full$>(_yvp_obj); }\n"
+            "CORBA::Object_ptr $scope$yv_ref_object($full$_ptr _yvp_obj) { return _yvp_obj; }\n"
+            "$full$_ptr $scope$yv_ref_narrow(CORBA::Object_ptr _yvp_obj, $full$_ptr) "
+            "{ return YV_Cxx::yv_ref_narrow<$full$>(_yvp_obj, nullptr); }\n\n",
+            vars);
 }
 
 void VE_CPP_MainStartPoint_Interface::output_proxy(CxxPrinter& p, AST_Interface* i, const HandlerTargets& targets)

@@ -79,6 +79,9 @@ protected:
     // Everything of one interface (the interface itself or a reply handler).
     virtual void output_interface(CxxPrinter& p, AST_Interface* i, const HandlerTargets& targets);
     virtual void output_narrow(CxxPrinter& p, AST_Interface* i);
+    // The interface's overloads of the runtime's reference functions
+    // (declared with its _ptr type), which take the incomplete type.
+    void output_reference_helpers(CxxPrinter& p, AST_Interface* i);
     // The proxy's members for every operation and attribute of the
     // interface and its bases.
     virtual void output_proxy(CxxPrinter& p, AST_Interface* i, const HandlerTargets& targets);

@@ -206,12 +206,16 @@ void IDL_Parser::adopt_included_members(UTL_Scope* s)
 void IDL_Parser::undefined_forwards(UTL_Scope* s)
 {
     // Structures and unions must be defined in the same compilation;
-    // interfaces and value types may stay forward-declared.
+    // interfaces and value types may stay forward-declared. An interface
+    // defined in another IDL file is common enough to be warned of only.
     for (const auto& d : s->pending()) {
         AST_Decl::NodeType k = d->node_type();
+        const std::string file = d->file_name() ? d->file_name()->str() : "";
         if (k == AST_Decl::NT_struct || k == AST_Decl::NT_union)
-            IDL_Diagnostics::error(IDL_Diag::FORWARD_NEVER_DEFINED, d->file_name() ? d->file_name()->str() : "",
-                                   d->line(), 1, {d->local_name()->str()});
+            IDL_Diagnostics::error(IDL_Diag::FORWARD_NEVER_DEFINED, file, d->line(), 1, {d->local_name()->str()});
+        else if (k == AST_Decl::NT_interface)
+            IDL_Diagnostics::warning(IDL_Diag::FORWARD_INTERFACE_ELSEWHERE, file, d->line(), 1,
+                                     {d->local_name()->str()});
     }
     for (const auto& d : s->decls())
         if (UTL_Scope* inner = DeclAsScope(d.get()))

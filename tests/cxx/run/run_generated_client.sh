@@ -5,6 +5,8 @@
 #     GeneratedMarshal_test.cpp: marshaling, any operators and type codes;
 #   - Mapping.idl of this folder (generated with AMI callbacks on) with
 #     ClientMapping_test.cpp;
+#   - Forward.idl, which declares Mapping's Run::Peer forward only, with
+#     ForwardReference_test.cpp;
 #   - the runtime's Bank.idl (generated with -xTIE and -xEnforceRaises) with
 #     the runtime's own dispatch tests, which then call through the
 #     generated proxies instead of hand-written ones.
@@ -46,6 +48,13 @@ cp "$here/Mapping.idl" "$here/ClientMapping_test.cpp" .
 "$yvidl" -base:-xAMICallbacks -poa:-xAMICallbacks Mapping.idl
 build client_mapping ClientMapping_test.cpp Mapping.cxx MappingS.cxx
 ./client_mapping --gtest_brief=1
+
+# Forward.idl knows Run::Peer by a forward declaration only; Mapping's
+# client source defines what its references need.
+cp "$here/Forward.idl" "$here/ForwardReference_test.cpp" .
+"$yvidl" -base -poa Forward.idl
+build forward_reference ForwardReference_test.cpp Forward.cxx ForwardS.cxx Mapping.cxx MappingS.cxx
+./forward_reference --gtest_brief=1
 
 mkdir bank
 cp "$source/tests/runtime/data/Bank.idl" "$source/tests/runtime/generated/Dispatch_test.cpp" bank/

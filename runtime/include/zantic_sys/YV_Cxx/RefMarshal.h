@@ -21,23 +21,41 @@
 
 namespace YV_Cxx {
 
+// An interface reference seen as a CORBA::Object, and an object read made
+// a reference of T. Generated code overloads both for its interfaces, as it
+// does yv_ref_duplicate (RefTraits.h), so that a reference travels without
+// the complete type; the tag argument only selects the overload.
 template <class T>
-struct Marshal<Ref_var<T, ObjRefTraits<T>>, std::enable_if_t<std::is_base_of<CORBA::Object, T>::value>> {
+CORBA::Object_ptr yv_ref_object(T* p)
+{
+    return p;
+}
+
+template <class T>
+T* yv_ref_narrow(CORBA::Object_ptr obj, T*)
+{
+    // Interfaces of code generated before they had their own
+    // _unchecked_narrow (it would answer a plain Object) narrow by _narrow.
+    if constexpr (std::is_same<decltype(T::_unchecked_narrow(obj)), T*>::value)
+        return T::_unchecked_narrow(obj);
+    else
+        return T::_narrow(obj);
+}
+
+// Every reference of the object-reference family; TypeCode and Principal
+// have their own forms (below and TypeCodeMarshal.h).
+template <class T>
+struct Marshal<Ref_var<T, ObjRefTraits<T>>> {
     // The repository id's length and NUL, and the profile count.
     static constexpr std::size_t min_size = 9;
 
-    static void write(YV_CDR::OutputStream& out, T* v) { CORBA::Object::_yv_write(out, v); }
+    static void write(YV_CDR::OutputStream& out, T* v) { CORBA::Object::_yv_write(out, yv_ref_object(v)); }
     static T* read_reference(YV_CDR::InputStream& in)
     {
         CORBA::Object_var obj = CORBA::Object::_yv_read(in);
         if (CORBA::is_nil(obj))
             return nullptr;
-        // Interfaces of code generated before they had their own
-        // _unchecked_narrow (it would answer a plain Object) narrow by _narrow.
-        if constexpr (std::is_same<decltype(T::_unchecked_narrow(obj)), T*>::value)
-            return T::_unchecked_narrow(obj);
-        else
-            return T::_narrow(obj);
+        return yv_ref_narrow(obj.in(), static_cast<T*>(nullptr));
     }
     static void read(YV_CDR::InputStream& in, Ref_var<T, ObjRefTraits<T>>& v) { v = read_reference(in); }
 };

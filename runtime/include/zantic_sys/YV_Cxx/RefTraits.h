@@ -8,16 +8,31 @@
 
 namespace YV_Cxx {
 
-// T has the static _duplicate and the member _yv_release of the runtime's
-// reference classes (CORBA::Object and its derived interfaces, TypeCode).
+// How a reference of interface T is duplicated and released. The call is
+// unqualified: generated code declares, beside each interface's _ptr type,
+// overloads of yv_ref_duplicate and yv_ref_release for it that its client
+// source defines, and argument-dependent lookup prefers them to these
+// templates. So _var types, sequences and streamables of an interface that
+// a file only declares forward compile against the incomplete type. The
+// runtime's own reference classes (CORBA::Object, TypeCode, ...) take the
+// templates, which need the complete type.
+template <class T>
+T* yv_ref_duplicate(T* p)
+{
+    return T::_duplicate(p);
+}
+
+template <class T>
+void yv_ref_release(T* p)
+{
+    if (p != nullptr)
+        p->_yv_release();
+}
+
 template <class T>
 struct ObjRefTraits {
-    static T* duplicate(T* p) { return T::_duplicate(p); }
-    static void release(T* p)
-    {
-        if (p != nullptr)
-            p->_yv_release();
-    }
+    static T* duplicate(T* p) { return yv_ref_duplicate(p); }
+    static void release(T* p) { yv_ref_release(p); }
     static T* copy(T* p) { return duplicate(p); }
 };
 
