@@ -3,6 +3,7 @@
 #include "YV_ORB/Adapter.h"
 #include "YV_ORB/CallContext.h"
 #include "YV_ORB/StandardStreamables.h"
+#include "PortableServer/serve_operation.h"
 
 #include "zantic_sys/CORBA/SystemException.h"
 #include "zantic_sys/CORBA/YV_ServerRequest.h"
@@ -20,46 +21,10 @@
 
 namespace PortableServer {
 
+using YV_ORB::caller_streamable;
+using YV_ORB::serve_operation;
+
 namespace {
-
-// The caller's streamable of class S in the any `a`; MARSHAL if it is not.
-template <class S>
-S& caller_streamable(CORBA::Any* a)
-{
-    S* s = a ? S::_downcast(a->yv_get_streamable()) : nullptr;
-    if (s == nullptr)
-        throw CORBA::MARSHAL(0, CORBA::COMPLETED_NO);
-    return *s;
-}
-
-// Serves a standard operation without arguments whose result travels in a
-// streamable of class ResultS (the caller's is a CallerS): on the colocated
-// path the result goes into the caller's streamable, on the request path it
-// goes back as the request sends results.
-template <class CallerS, class ResultS, class Call>
-void serve(CORBA::YV_ServerRequest_ptr request, CORBA::CompletionStatus& status, Call call)
-{
-    CORBA::NVList_ptr nvlist = nullptr;
-    CORBA::Any* any = nullptr;
-    if (request->yv_setup(nvlist, any)) {
-        CallerS& result = caller_streamable<CallerS>(any);
-        status = CORBA::COMPLETED_MAYBE;
-        result.extract() = call();
-        status = CORBA::COMPLETED_YES;
-        request->set_result(*any);
-        request->yv_respond();
-        return;
-    }
-    YV_Cxx_NV::StackBasedNVList args(0, nullptr);
-    request->arguments(&args);
-    ResultS result;
-    CORBA::Any result_any(&result, YV_SHALLOW_COPY);
-    status = CORBA::COMPLETED_MAYBE;
-    result.extract() = call();
-    status = CORBA::COMPLETED_YES;
-    request->set_result(result_any);
-    request->yv_respond();
-}
 
 const char* const object_id = "IDL:omg.org/CORBA/Object:1.0";
 
@@ -142,13 +107,13 @@ CORBA::ULong ServantBase::_refcount_value()
 void ServantBase::_get_interface_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,
                                           CORBA::CompletionStatus& status)
 {
-    serve<YV_Cxx::ObjRefStreamable<CORBA::Object>, YV_Cxx::ObjRefStreamable<CORBA::Object>>(request, status, [servant] { return servant->_get_interface(); });
+    serve_operation<YV_Cxx::ObjRefStreamable<CORBA::Object>, YV_Cxx::ObjRefStreamable<CORBA::Object>>(request, status, [servant] { return servant->_get_interface(); });
 }
 
 void ServantBase::_non_existent_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,
                                          CORBA::CompletionStatus& status)
 {
-    serve<YV_Cxx::BasicStreamable<CORBA::Boolean>, YV_ORB::FlagStreamable>(request, status, [servant] { return servant->_non_existent(); });
+    serve_operation<YV_Cxx::BasicStreamable<CORBA::Boolean>, YV_ORB::FlagStreamable>(request, status, [servant] { return servant->_non_existent(); });
 }
 
 void ServantBase::_is_a_dispatch(ServantBase* servant, CORBA::YV_ServerRequest_ptr request,

@@ -8,9 +8,19 @@
 #include "AST_PredefinedType.h"
 #include "AST_Root.h"
 #include "AST_Value.h"
+#include "CxxRuntimeNames.h"
 #include "UTL_IdList.h"
 
 #include <memory>
+
+std::vector<AST_Interface*> ReplyHandlerBuilder::bases_with_handlers(AST_Interface* i, NameResolver& resolver)
+{
+    std::vector<AST_Interface*> bases;
+    for (AST_Interface* b : i->inherits())
+        if (!CxxRuntimeNames::provided(b, resolver))
+            bases.push_back(b);
+    return bases;
+}
 
 void ReplyHandlerBuilder::build(AST_Interface* i, AST_Interface* handler)
 {
@@ -22,7 +32,7 @@ void ReplyHandlerBuilder::build(AST_Interface* i, AST_Interface* handler)
     handler->set_defined(true);
 
     std::vector<AST_Interface*> bases;
-    for (AST_Interface* b : i->inherits())
+    for (AST_Interface* b : bases_with_handlers(i, m_resolver))
         bases.push_back(handler_of(b));
     if (bases.empty())
         bases.push_back(reply_handler());

@@ -18,14 +18,23 @@ class AST_Module;
 class AST_Operation;
 class AST_Root;
 class AST_Type;
+class NameResolver;
 
 // Every node it makes is kept by the top handler.
 class ReplyHandlerBuilder {
 public:
-    ReplyHandlerBuilder(AMI_ReplyHandlerInterface* top, AST_Root* root) : m_top(top), m_root(root) {}
+    ReplyHandlerBuilder(AMI_ReplyHandlerInterface* top, AST_Root* root, NameResolver& resolver)
+        : m_top(top), m_root(root), m_resolver(resolver)
+    {
+    }
 
     // Fills `handler` as the reply handler of `i`.
     void build(AST_Interface* i, AST_Interface* handler);
+
+    // The bases of `i` whose reply handlers the handler of `i` derives
+    // from: all but those the runtime defines (CORBA::Policy), which have
+    // no handler; their replies are not part of the handler.
+    static std::vector<AST_Interface*> bases_with_handlers(AST_Interface* i, NameResolver& resolver);
 
 private:
     static std::string handler_name(AST_Interface* i);
@@ -57,6 +66,7 @@ private:
     void add_attribute_replies(AST_Interface* handler, AST_Attribute* a);
     AMI_ReplyHandlerInterface* m_top;
     AST_Root* m_root;
+    NameResolver& m_resolver;
     // Handlers made so far, so that a base reached along two paths gets one.
     std::map<AST_Interface*, AST_Interface*> m_made;
     AST_Module* m_own_messaging = nullptr;

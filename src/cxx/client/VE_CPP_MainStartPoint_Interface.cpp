@@ -11,6 +11,7 @@
 #include "CxxNaming.h"
 #include "CxxTypeQueries.h"
 #include "GEN_CPlusPlus.h"
+#include "ReplyHandlerBuilder.h"
 #include "VE_HH_MainStartPoint_Interface.h"
 
 #include <algorithm>
@@ -80,12 +81,14 @@ std::string VE_CPP_MainStartPoint_Interface::request_name(AST_Operation* op, AST
     return name;
 }
 
-void VE_CPP_MainStartPoint_Interface::pair_handlers(AST_Interface* h, AST_Interface* i, HandlerTargets& targets)
+void VE_CPP_MainStartPoint_Interface::pair_handlers(AST_Interface* h, AST_Interface* i, HandlerTargets& targets,
+                                                    NameResolver& resolver)
 {
     targets[h] = i;
-    const std::size_t n = std::min(h->inherits().size(), i->inherits().size());
+    const std::vector<AST_Interface*> bases = ReplyHandlerBuilder::bases_with_handlers(i, resolver);
+    const std::size_t n = std::min(h->inherits().size(), bases.size());
     for (std::size_t k = 0; k < n; ++k)
-        pair_handlers(h->inherits()[k], i->inherits()[k], targets);
+        pair_handlers(h->inherits()[k], bases[k], targets, resolver);
 }
 
 long VE_CPP_MainStartPoint_Interface::visit(AST_Decl* d)
@@ -101,7 +104,7 @@ long VE_CPP_MainStartPoint_Interface::visit(AST_Decl* d)
     if (gen && gen->ami_callbacks_on() && !i->is_local()) {
         std::unique_ptr<AST_Interface> handler(VE_HH_MainStartPoint_Interface(visitor()).create_full_ami_handler(i));
         HandlerTargets targets;
-        pair_handlers(handler.get(), i, targets);
+        pair_handlers(handler.get(), i, targets, resolver());
         output_interface(p, handler.get(), targets);
     }
     return 1;

@@ -94,7 +94,7 @@ protected:
     static std::string request_name(AST_Operation* op, AST_Interface* target);
     // Records in `targets` that handler `h` answers for interface `i`, and
     // so on for their bases, pairwise.
-    static void pair_handlers(AST_Interface* h, AST_Interface* i, HandlerTargets& targets);
+    static void pair_handlers(AST_Interface* h, AST_Interface* i, HandlerTargets& targets, NameResolver& resolver);
 };
 
 #endif

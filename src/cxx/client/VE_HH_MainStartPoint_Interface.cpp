@@ -185,7 +185,7 @@ AST_Interface* VE_HH_MainStartPoint_Interface::create_full_ami_handler(AST_Inter
     if (!i)
         return nullptr;
     auto top = std::make_unique<AMI_ReplyHandlerInterface>(Identifier("AMI_" + i->local_name()->str() + "Handler"));
-    ReplyHandlerBuilder builder(top.get(), root_of(i));
+    ReplyHandlerBuilder builder(top.get(), root_of(i), resolver());
     builder.build(i, top.get());
     return top.release(); // the caller owns the handler and deletes it
 }

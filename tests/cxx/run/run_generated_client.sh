@@ -7,6 +7,8 @@
 #     ClientMapping_test.cpp;
 #   - Forward.idl, which declares Mapping's Run::Peer forward only, with
 #     ForwardReference_test.cpp;
+#   - Quota.idl, an interface derived from CORBA::Policy (generated with
+#     -xTIE), with QuotaPolicy_test.cpp;
 #   - the runtime's Bank.idl (generated with -xTIE and -xEnforceRaises) with
 #     the runtime's own dispatch tests, which then call through the
 #     generated proxies instead of hand-written ones.
@@ -55,6 +57,11 @@ cp "$here/Forward.idl" "$here/ForwardReference_test.cpp" .
 "$yvidl" -base -poa Forward.idl
 build forward_reference ForwardReference_test.cpp Forward.cxx ForwardS.cxx Mapping.cxx MappingS.cxx
 ./forward_reference --gtest_brief=1
+
+cp "$here/Quota.idl" "$here/QuotaPolicy_test.cpp" .
+"$yvidl" -base -poa:-xTIE Quota.idl
+build quota_policy QuotaPolicy_test.cpp Quota.cxx QuotaS.cxx
+./quota_policy --gtest_brief=1
 
 mkdir bank
 cp "$source/tests/runtime/data/Bank.idl" "$source/tests/runtime/generated/Dispatch_test.cpp" bank/

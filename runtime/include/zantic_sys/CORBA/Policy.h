@@ -19,6 +19,9 @@ typedef PolicyType& PolicyType_out;
 class Policy;
 typedef Policy* Policy_ptr;
 
+// The object adapter's policies are local objects; an IDL interface may
+// also derive from Policy, whose objects are then served (the skeleton is
+// POA_CORBA::Policy) and reached through references like any other.
 class Policy : public virtual Object {
 public:
     virtual PolicyType policy_type() = 0;
@@ -32,9 +35,13 @@ public:
             p->_yv_add_ref();
         return p;
     }
-    static Policy_ptr _narrow(Object_ptr obj) { return _duplicate(dynamic_cast<Policy_ptr>(obj)); }
-    static Policy_ptr _unchecked_narrow(Object_ptr obj) { return _narrow(obj); }
+    // A reference of another kind that is a Policy becomes a proxy
+    // (YV_Gen_DynamicProxy_Policy).
+    static Policy_ptr _narrow(Object_ptr obj);
+    static Policy_ptr _unchecked_narrow(Object_ptr obj);
     static Policy_ptr _nil() { return nullptr; }
+
+    static const YV_FWString _yv_fw_type_id;
 
 protected:
     Policy() = default;
