@@ -9,6 +9,7 @@
 #include "YV_ORB/ORBCore.h"
 #include "YV_ORB/ORBOptions.h"
 #include "YV_ORB/Reference.h"
+#include "YV_Cxx/ValueFactoryRegistry.h"
 #include "zantic_sys/CORBA/SystemException.h"
 #include "zantic_sys/CORBA/string_functions.h"
 #include "zantic_sys/PortableServer/POA.h"
@@ -200,6 +201,26 @@ ORB_ptr ORB_init(int& argc, char** argv, const char*)
     options.take(argc, argv);
     core().initialize(options);
     return ORB::_yv_instance();
+}
+
+ValueFactory ORB::register_value_factory(const char* id, ValueFactory factory)
+{
+    if (id == nullptr || factory == nullptr)
+        throw BAD_PARAM(0, COMPLETED_NO);
+    return YV_Cxx::ValueFactoryRegistry::instance().add(id, factory);
+}
+
+void ORB::unregister_value_factory(const char* id)
+{
+    if (id == nullptr || !YV_Cxx::ValueFactoryRegistry::instance().remove(id))
+        throw BAD_PARAM(0, COMPLETED_NO);
+}
+
+ValueFactory ORB::lookup_value_factory(const char* id)
+{
+    if (id == nullptr)
+        throw BAD_PARAM(0, COMPLETED_NO);
+    return YV_Cxx::ValueFactoryRegistry::instance().find(id);
 }
 
 } // namespace CORBA

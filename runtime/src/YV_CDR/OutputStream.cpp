@@ -22,7 +22,8 @@ OutputStream::OutputStream(OutputStream&& other) noexcept
       m_cap(std::exchange(other.m_cap, 0)),
       m_base(std::exchange(other.m_base, 0)),
       m_little(other.m_little),
-      m_giop_minor(other.m_giop_minor)
+      m_giop_minor(other.m_giop_minor),
+      m_values(std::move(other.m_values))
 {
 }
 
@@ -36,6 +37,7 @@ OutputStream& OutputStream::operator=(OutputStream&& other) noexcept
         m_base = std::exchange(other.m_base, 0);
         m_little = other.m_little;
         m_giop_minor = other.m_giop_minor;
+        m_values = std::move(other.m_values);
     }
     return *this;
 }

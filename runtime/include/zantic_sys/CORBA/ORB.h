@@ -15,6 +15,7 @@
 #include "String_var.h"
 #include "TypeCode.h"
 #include "Types.h"
+#include "ValueFactoryBase.h"
 
 namespace CORBA {
 
@@ -66,6 +67,15 @@ public:
 
     // The process's ORB.
     static ORB_ptr _yv_instance();
+
+    // Value factories (the process's, by repository id). register hands
+    // back the factory it replaces (the caller releases it) or null, and
+    // takes a reference to `factory` (null: BAD_PARAM); lookup gives one
+    // more reference, or null; unregistering an id without a factory is
+    // BAD_PARAM.
+    ValueFactory register_value_factory(const char* id, ValueFactory factory);
+    void unregister_value_factory(const char* id);
+    ValueFactory lookup_value_factory(const char* id);
 
     // Type code factory (YV_Cxx/TypeCodeFactory.h). The members are a
     // sequence of the standard structures of corbaidl.idl (StructMemberSeq,

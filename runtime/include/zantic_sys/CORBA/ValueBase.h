@@ -6,6 +6,11 @@
 
 #include <atomic>
 
+namespace YV_CDR {
+class InputStream;
+class OutputStream;
+}
+
 namespace CORBA {
 
 class ValueBase {
@@ -18,6 +23,23 @@ public:
     virtual ValueBase* _copy_value();
 
     static ValueBase* _downcast(ValueBase* v) { return v; }
+
+    // What the value encoder and decoder (YV_Cxx/ValueMarshal.h) need of a
+    // concrete value class; generated value types and boxes override them.
+    //
+    // The repository ids the value travels with: its own first, then those
+    // of the bases a receiver may truncate it to (truncatable values).
+    // The array lives as long as the class; the default has none, and such a
+    // value cannot be sent (MARSHAL).
+    virtual const char* const* _yv_type_ids(ULong& count) const;
+    // True when the value is written in chunks (truncatable values; any
+    // value nested in a chunked one is chunked whatever this says).
+    virtual Boolean _yv_is_chunked() const;
+    // The state members in declaration order, bases first: nested values
+    // through YV_Cxx::write_value / read_value on the same stream, so that
+    // sharing and chunks span the whole message. The defaults raise MARSHAL.
+    virtual void _yv_marshal_state(YV_CDR::OutputStream& out) const;
+    virtual void _yv_unmarshal_state(YV_CDR::InputStream& in);
 
 protected:
     ValueBase() = default;

@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 
 namespace CORBA {
 class Fixed;
@@ -174,6 +175,10 @@ public:
         m_cur = at;
     }
     std::size_t phase() const { return m_phase; }
+    // The value decoder's bookkeeping (values and repository ids read, by
+    // position; the chunk being read): copies of a stream share it, an
+    // encapsulation starts without.
+    std::shared_ptr<void>& value_state() { return m_values; }
 
     // Raises CORBA::MARSHAL with `minor` (completion status COMPLETED_NO).
     [[noreturn]] static void fail(CORBA::ULong minor);
@@ -212,6 +217,7 @@ private:
     std::size_t m_phase;
     bool m_little;
     unsigned m_giop_minor = 2;
+    std::shared_ptr<void> m_values;
 };
 
 template <>

@@ -15,6 +15,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 
 namespace CORBA {
 class Fixed;
@@ -157,7 +158,20 @@ public:
     {
         m_size = 0;
         m_base = 0;
+        m_values.reset();
     }
+    // Drops the octets written after `size` (a value encoder taking back
+    // a chunk it opened and left empty).
+    void shrink_to(std::size_t size)
+    {
+        if (size < m_size)
+            m_size = size;
+    }
+    // The value encoder's bookkeeping for this stream (values and
+    // repository ids already written, the chunk open): kept here so that
+    // sharing spans every value of one message. Empty until a value is
+    // written.
+    std::shared_ptr<void>& value_state() { return m_values; }
     // Where alignment counts from: the offset of a position that is aligned
     // on every boundary (0: the start of the buffer).
     std::size_t alignment_base() const { return m_base; }
@@ -206,6 +220,7 @@ private:
     std::size_t m_base = 0;
     bool m_little;
     unsigned m_giop_minor = 2;
+    std::shared_ptr<void> m_values;
 };
 
 template <>

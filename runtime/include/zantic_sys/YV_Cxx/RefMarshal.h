@@ -4,8 +4,8 @@
 // through CORBA::Object::_yv_write and _yv_read; a reference read becomes a
 // T through T::_unchecked_narrow. Type codes travel in their own form
 // (TypeCodeMarshal.h); a principal is an octet sequence, which this runtime
-// neither sends (it writes an empty one) nor keeps. Value types do not
-// travel yet (NO_IMPLEMENT).
+// neither sends (it writes an empty one) nor keeps. Values travel through
+// write_value and read_value (ValueMarshal.h).
 #ifndef YV_RT_YV_CXX_REFMARSHAL_H
 #define YV_RT_YV_CXX_REFMARSHAL_H
 
@@ -16,6 +16,7 @@
 #include "Marshal.h"
 #include "Ref_var.h"
 #include "TypeCodeMarshal.h"
+#include "ValueMarshal.h"
 
 #include <type_traits>
 
@@ -81,8 +82,18 @@ struct Marshal<Ref_var<T, ValueTraits<T>>> {
     // The null value tag.
     static constexpr std::size_t min_size = 4;
 
-    static void write(YV_CDR::OutputStream&, T*) { throw CORBA::NO_IMPLEMENT(0, CORBA::COMPLETED_NO); }
-    static T* read_reference(YV_CDR::InputStream&) { throw CORBA::NO_IMPLEMENT(0, CORBA::COMPLETED_NO); }
+    static void write(YV_CDR::OutputStream& out, T* v) { write_value(out, v); }
+    // A value of another type than T is MARSHAL.
+    static T* read_reference(YV_CDR::InputStream& in)
+    {
+        CORBA::ValueBase* v = read_value(in, ValueMaker<T>::make);
+        if (v == nullptr)
+            return nullptr;
+        if (T* typed = dynamic_cast<T*>(v))
+            return typed;
+        v->_remove_ref();
+        throw CORBA::MARSHAL(0, CORBA::COMPLETED_NO);
+    }
     static void read(YV_CDR::InputStream& in, Ref_var<T, ValueTraits<T>>& v) { v = read_reference(in); }
 };
 
