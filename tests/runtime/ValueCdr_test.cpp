@@ -20,6 +20,7 @@ typedef std::vector<unsigned char> Octets;
 class Node : public virtual CORBA::ValueBase {
 public:
     explicit Node(CORBA::Long l = 0) : label(l) {}
+    static const char* _yv_value_id() { return "IDL:Test/Node:1.0"; }
     const char* const* _yv_type_ids(CORBA::ULong& count) const override
     {
         static const char* const ids[] = {"IDL:Test/Node:1.0"};
@@ -68,6 +69,7 @@ public:
 // double after it.
 class Derived : public Base {
 public:
+    static const char* _yv_value_id() { return "IDL:Test/Derived:1.0"; }
     const char* const* _yv_type_ids(CORBA::ULong& count) const override
     {
         static const char* const ids[] = {"IDL:Test/Derived:1.0", "IDL:Test/Base:1.0"};
@@ -277,10 +279,9 @@ TEST(ValueCdr, EncodingOfTagsIdsAndIndirections)
     const Octets head = {0x7f, 0xff, 0xff, 0x0e, 0, 0, 0, 2};
     ASSERT_GT(chunked.size(), 8u);
     EXPECT_EQ(Octets(chunked.data(), chunked.data() + 8), head);
-    // ...the name's chunk (6 octets, padding outside), null extra, a chunk of
-    // the double, end tag.
-    const Octets tail = {0, 0, 0, 6, 0, 0, 0, 2, 'b', 0, 0, 0, 0, 0, 0, 0, 0,
-                         0, 0, 8, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 0xff, 0xff};
+    // ...one chunk: the name, the null extra (inside), the double; end tag.
+    const Octets tail = {0, 0, 0, 24, 0, 0, 0, 2, 'b', 0, 0, 0, 0, 0, 0, 0, 0,
+                         0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xff, 0xff, 0xff, 0xff};
     EXPECT_EQ(Octets(chunked.data() + chunked.size() - tail.size(), chunked.data() + chunked.size()), tail);
 }
 
@@ -363,6 +364,142 @@ TEST(ValueCdr, FactoriesAreFoundByRepositoryId)
     EXPECT_THROW(read(), CORBA::MARSHAL);
 }
 
+Octets from_hex(const char* hex)
+{
+    Octets o;
+    for (const char* p = hex; *p != 0; p += (p[2] == ' ' ? 3 : 2))
+        o.push_back(static_cast<unsigned char>(std::stoul(std::string(p, 2), nullptr, 16)));
+    return o;
+}
+
+// omniORB's octets of a Derived with a node inside (formal type Base).
+const char* const omni_chunked_be =
+    "7f ff ff 0e 00 00 00 02 00 00 00 15 49 44 4c 3a 54 65 73 74 2f 44 65 72 69 76 65 64 3a 31 2e 30 00 00 00 "
+    "00 00 00 00 12 49 44 4c 3a 54 65 73 74 2f 42 61 73 65 3a 31 2e 30 00 00 00 00 00 00 08 00 00 00 04 63 75 "
+    "74 00 7f ff ff 0a 00 00 00 12 49 44 4c 3a 54 65 73 74 2f 4e 6f 64 65 3a 31 2e 30 00 00 00 00 00 00 04 00 "
+    "00 00 03 7f ff ff 0a ff ff ff ff ff ff ff d8 00 00 00 0c 00 00 00 04 00 00 00 00 00 00 00 00 ff ff ff fd "
+    "00 00 00 08 ff ff ff ff ff ff ff d8 ff ff ff fe 00 00 00 08 3f f8 00 00 00 00 00 00 ff ff ff ff";
+const char* const omni_chunked_le =
+    "0e ff ff 7f 02 00 00 00 15 00 00 00 49 44 4c 3a 54 65 73 74 2f 44 65 72 69 76 65 64 3a 31 2e 30 00 00 00 "
+    "00 12 00 00 00 49 44 4c 3a 54 65 73 74 2f 42 61 73 65 3a 31 2e 30 00 00 00 08 00 00 00 04 00 00 00 63 75 "
+    "74 00 0a ff ff 7f 12 00 00 00 49 44 4c 3a 54 65 73 74 2f 4e 6f 64 65 3a 31 2e 30 00 00 00 04 00 00 00 03 "
+    "00 00 00 0a ff ff 7f ff ff ff ff d8 ff ff ff 0c 00 00 00 04 00 00 00 00 00 00 00 00 00 00 00 fd ff ff ff "
+    "08 00 00 00 ff ff ff ff d8 ff ff ff fe ff ff ff 08 00 00 00 00 00 00 00 00 00 f8 3f ff ff ff ff";
+
+// Octets omniORB 4.2 writes (its cdrMemoryStream, from the classes omniidl
+// makes of the test's value types; value_vectors/ printed them): a value of
+// the formal type goes without type information and unchunked, even when
+// truncatable; a derived value with its ids and in chunks, one chunk per
+// level of inheritance, null and indirections inside chunks.
+TEST(ValueCdr, ReadsWhatOmniOrbWrites)
+{
+    Factories factories{{"IDL:Test/Node:1.0", new Factory<Node>}, {"IDL:Test/Base:1.0", new Factory<Base>}};
+    std::unique_ptr<Factories> derived(new Factories{{"IDL:Test/Derived:1.0", new Factory<Derived>}});
+    auto read_derived = [](YV_CDR::InputStream& in, bool with_extra) {
+        YV_Cxx::Value_var<Base> b;
+        YV_Cxx::Marshal<YV_Cxx::Value_var<Base>>::read(in, b);
+        ASSERT_NE(b.in(), nullptr);
+        EXPECT_EQ(b->name, "cut");
+        Derived* d = dynamic_cast<Derived*>(b.in());
+        ASSERT_NE(d, nullptr);
+        EXPECT_EQ(d->weight, 1.5);
+        EXPECT_EQ(d->extra.in() != nullptr, with_extra);
+        if (with_extra) {
+            EXPECT_EQ(d->extra->label, 3);
+            ASSERT_NE(d->extra->left.in(), nullptr);
+            EXPECT_EQ(d->extra->left->label, 4);
+            EXPECT_EQ(d->extra->left.in(), d->extra->right.in());
+        }
+    };
+    const struct {
+        const char* name;
+        const char* be;
+        const char* le;
+        std::function<void(YV_CDR::InputStream&)> check;
+    } cases[] = {
+        {"a shared child, the same root again, a cycle, null",
+         "7f ff ff 00 00 00 00 01 7f ff ff 00 00 00 00 02 00 00 00 00 00 00 00 00 ff ff ff ff ff ff ff ec ff ff ff ff "
+         "ff ff ff dc 7f ff ff 00 00 00 00 03 ff ff ff ff ff ff ff f4 00 00 00 00 00 00 00 00",
+         "00 ff ff 7f 01 00 00 00 00 ff ff 7f 02 00 00 00 00 00 00 00 00 00 00 00 ff ff ff ff ec ff ff ff ff ff ff ff "
+         "dc ff ff ff 00 ff ff 7f 03 00 00 00 ff ff ff ff f4 ff ff ff 00 00 00 00 00 00 00 00",
+         [](YV_CDR::InputStream& in) {
+             Node_var root, again, cycle, none;
+             for (Node_var* v : {&root, &again, &cycle, &none})
+                 YV_Cxx::Marshal<Node_var>::read(in, *v);
+             ASSERT_NE(root.in(), nullptr);
+             EXPECT_EQ(root->label, 1);
+             ASSERT_NE(root->left.in(), nullptr);
+             EXPECT_EQ(root->left.in(), root->right.in());
+             EXPECT_EQ(root->left->label, 2);
+             EXPECT_EQ(again.in(), root.in());
+             ASSERT_NE(cycle.in(), nullptr);
+             EXPECT_EQ(cycle->left.in(), cycle.in());
+             EXPECT_EQ(none.in(), nullptr);
+             cut(cycle.in());
+         }},
+        {"a truncatable value as its own type",
+         "7f ff ff 00 00 00 00 04 63 75 74 00 7f ff ff 00 00 00 00 03 7f ff ff 00 00 00 00 04 00 00 00 00 00 00 00 00 "
+         "ff ff ff ff ff ff ff ec 00 00 00 00 3f f8 00 00 00 00 00 00",
+         "00 ff ff 7f 04 00 00 00 63 75 74 00 00 ff ff 7f 03 00 00 00 00 ff ff 7f 04 00 00 00 00 00 00 00 00 00 00 00 "
+         "ff ff ff ff ec ff ff ff 00 00 00 00 00 00 00 00 00 00 f8 3f",
+         [](YV_CDR::InputStream& in) {
+             YV_Cxx::Value_var<Derived> d;
+             YV_Cxx::Marshal<YV_Cxx::Value_var<Derived>>::read(in, d);
+             ASSERT_NE(d.in(), nullptr);
+             EXPECT_EQ(d->name, "cut");
+             ASSERT_NE(d->extra.in(), nullptr);
+             EXPECT_EQ(d->extra->label, 3);
+             ASSERT_NE(d->extra->left.in(), nullptr);
+             EXPECT_EQ(d->extra->left.in(), d->extra->right.in());
+             EXPECT_EQ(d->weight, 1.5);
+         }},
+        {"a truncatable value in chunks, null inside a chunk",
+         "7f ff ff 0e 00 00 00 02 00 00 00 15 49 44 4c 3a 54 65 73 74 2f 44 65 72 69 76 65 64 3a 31 2e 30 00 00 00 "
+         "00 00 00 00 12 49 44 4c 3a 54 65 73 74 2f 42 61 73 65 3a 31 2e 30 00 00 00 00 00 00 08 00 00 00 04 63 75 "
+         "74 00 00 00 00 0c 00 00 00 00 3f f8 00 00 00 00 00 00 ff ff ff ff",
+         "0e ff ff 7f 02 00 00 00 15 00 00 00 49 44 4c 3a 54 65 73 74 2f 44 65 72 69 76 65 64 3a 31 2e 30 00 00 00 "
+         "00 12 00 00 00 49 44 4c 3a 54 65 73 74 2f 42 61 73 65 3a 31 2e 30 00 00 00 08 00 00 00 04 00 00 00 63 75 "
+         "74 00 0c 00 00 00 00 00 00 00 00 00 00 00 00 00 f8 3f ff ff ff ff",
+         [&](YV_CDR::InputStream& in) { read_derived(in, false); }},
+        {"a truncatable value in chunks, a node inside, a shared node inside that",
+         omni_chunked_be,
+         omni_chunked_le,
+         [&](YV_CDR::InputStream& in) { read_derived(in, true); }},
+        {"a string box twice",
+         "7f ff ff 00 00 00 00 06 62 6f 78 65 64 00 00 00 ff ff ff ff ff ff ff ec",
+         "00 ff ff 7f 06 00 00 00 62 6f 78 65 64 00 00 00 ff ff ff ff ec ff ff ff",
+         [](YV_CDR::InputStream& in) {
+             StringBox_var a, b;
+             YV_Cxx::Marshal<StringBox_var>::read(in, a);
+             YV_Cxx::Marshal<StringBox_var>::read(in, b);
+             ASSERT_NE(a.in(), nullptr);
+             EXPECT_STREQ(a->text.in(), "boxed");
+             EXPECT_EQ(a.in(), b.in());
+         }},
+    };
+    for (const auto& c : cases) {
+        for (bool little : {false, true}) {
+            SCOPED_TRACE(std::string(c.name) + (little ? " little-endian" : " big-endian"));
+            const Octets data = from_hex(little ? c.le : c.be);
+            YV_CDR::InputStream in(data.data(), data.size(), little);
+            c.check(in);
+            EXPECT_EQ(in.remaining(), 0u);
+        }
+    }
+    // Without Derived's factory: truncated to Base, the rest skipped.
+    derived.reset();
+    for (bool little : {false, true}) {
+        const Octets data = from_hex(little ? omni_chunked_le : omni_chunked_be);
+        YV_CDR::InputStream in(data.data(), data.size(), little);
+        YV_Cxx::Value_var<Base> b;
+        YV_Cxx::Marshal<YV_Cxx::Value_var<Base>>::read(in, b);
+        ASSERT_NE(b.in(), nullptr);
+        EXPECT_EQ(dynamic_cast<Derived*>(b.in()), nullptr);
+        EXPECT_EQ(b->name, "cut");
+        EXPECT_EQ(in.remaining(), 0u);
+    }
+}
+
 // Big-endian octets built by hand.
 struct Bytes {
     Octets o;
@@ -411,6 +548,10 @@ TEST(ValueCdr, MalformedEncodingsAreMarshalErrors)
         {"unchunked value inside a chunked one",
          Bytes().l(0x7fffff0e).l(2).s(derived).s("IDL:Test/Base:1.0").l(8).s("abc").l(0x7fffff02).s(node).l(1).l(0).l(0).o},
         {"truncation of an unchunked value", Bytes().l(0x7fffff06).l(2).s(derived).s("IDL:Test/Base:1.0").s("abc").o},
+        {"value header inside a chunk",
+         Bytes().l(0x7fffff0e).l(2).s(derived).s("IDL:Test/Base:1.0").l(28).s("abc").l(0x7fffff02).s(node).o},
+        {"null overrunning its chunk",
+         Bytes().l(0x7fffff0e).l(2).s(derived).s("IDL:Test/Base:1.0").l(10).s("abc").l(0).l(0).o},
         {"unknown type", Bytes().l(0x7fffff02).s("IDL:Test/Nothing:1.0").l(1).o},
         {"no end tag", Bytes().l(0x7fffff0a).s("IDL:Test/Base:1.0").l(8).s("abc").o},
     };

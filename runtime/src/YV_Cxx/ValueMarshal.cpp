@@ -8,6 +8,7 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -202,19 +203,25 @@ void enter_chunk(YV_CDR::InputStream& in, ReadState& st)
     in.seek(at);
 }
 
-// Leaves the chunk being read, which must have been read up to its end
-// (a value or tag cannot begin inside a chunk); the padding before the
-// next tag may be counted in the chunk or not.
-void leave_chunk(YV_CDR::InputStream& in, ReadState& st)
+// Before a value's tag inside a chunked value: true when the tag lies in a
+// chunk (the one being read, or one that opens here); false when the
+// chunk being read ends here (padding before a tag may be counted in the
+// chunk or not) and no chunk opens.
+bool enter_chunk_for_tag(YV_CDR::InputStream& in, ReadState& st)
 {
-    if (st.chunk_end != nullptr && in.cursor() != st.chunk_end) {
+    if (st.chunk_end != nullptr) {
         if (in.cursor() > st.chunk_end)
             YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
-        in.align(4);
-        if (in.cursor() != st.chunk_end)
-            YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
+        if (in.cursor() != st.chunk_end) {
+            in.align(4);
+            if (in.cursor() > st.chunk_end)
+                YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
+            if (in.cursor() < st.chunk_end)
+                return true;
+        }
     }
-    st.chunk_end = nullptr;
+    enter_chunk(in, st);
+    return st.chunk_end != nullptr;
 }
 
 // Holds one reference to a value until handed out.
@@ -243,33 +250,39 @@ bool has_id(const CORBA::ValueBase* v, const std::string& id)
     return n != 0 && id == ids[0];
 }
 
+// The caller's expectation of a value.
+struct Formal {
+    const char* id;
+    CORBA::ValueBase* (*make)();
+};
+
 // An instance for the first id something here can make; `index` tells
-// which (a later one truncates).
-CORBA::ValueBase* make_instance(const std::vector<std::string>& ids, CORBA::ValueBase* (*make)(), std::size_t& index)
+// which (a later one truncates). A value without ids is of the formal type.
+CORBA::ValueBase* make_instance(std::vector<std::string> ids, const Formal& formal, std::size_t& index)
 {
-    CORBA::ValueBase* formal = make != nullptr ? make() : nullptr;
-    Held formal_held(formal);
+    if (ids.empty() && formal.id != nullptr)
+        ids.emplace_back(formal.id);
+    Held made(formal.make != nullptr ? formal.make() : nullptr);
     if (ids.empty()) {
         index = 0;
-        if (formal == nullptr)
+        if (made.get() == nullptr)
             throw CORBA::MARSHAL(minor_no_value_factory, CORBA::COMPLETED_NO);
-        return formal_held.release();
+        return made.release();
     }
     for (index = 0; index < ids.size(); ++index) {
         CORBA::ValueFactoryBase_var factory = ValueFactoryRegistry::instance().find(ids[index].c_str());
         if (factory.in() != nullptr) {
-            CORBA::ValueBase* v = factory->create_for_unmarshal();
-            if (v == nullptr)
-                break;
-            return v;
+            if (CORBA::ValueBase* v = factory->create_for_unmarshal())
+                return v;
+            break;
         }
-        if (formal != nullptr && has_id(formal, ids[index]))
-            return formal_held.release();
+        if (made.get() != nullptr && has_id(made.get(), ids[index]))
+            return made.release();
     }
     throw CORBA::MARSHAL(minor_no_value_factory, CORBA::COMPLETED_NO);
 }
 
-CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, CORBA::ValueBase* (*make)(), bool skip);
+CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, const Formal& formal, bool skip);
 
 // Whether the next long is the offset of an indirection to a value this
 // stream has read or skipped (the cursor stays).
@@ -313,7 +326,7 @@ void finish_chunked(YV_CDR::InputStream& in, ReadState& st)
         // follows.
         if (tag == -1 && refers_to_value(in, st)) {
             in.seek(at);
-            CORBA::remove_ref(read_value_at(in, st, nullptr, true));
+            CORBA::remove_ref(read_value_at(in, st, Formal{nullptr, nullptr}, true));
             continue;
         }
         if (tag < 0) {
@@ -331,18 +344,21 @@ void finish_chunked(YV_CDR::InputStream& in, ReadState& st)
         }
         // A nested value of the part skipped.
         in.seek(at);
-        CORBA::remove_ref(read_value_at(in, st, nullptr, true));
+        CORBA::remove_ref(read_value_at(in, st, Formal{nullptr, nullptr}, true));
     }
 }
 
-CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, CORBA::ValueBase* (*make)(), bool skip)
+CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, const Formal& formal, bool skip)
 {
     const bool nested_in_chunks = st.level > 0;
-    if (nested_in_chunks)
-        leave_chunk(in, st);
+    // Inside a chunked value, null and indirections may lie inside a chunk
+    // (as omniORB writes them); a value's header lies between chunks.
+    const bool inside = nested_in_chunks && enter_chunk_for_tag(in, st);
     in.align(4);
     const unsigned char* at = in.cursor();
     const CORBA::ULong tag = in.read_ulong();
+    if (inside && ((tag != null_tag && tag != indirection_tag) || in.cursor() > st.chunk_end))
+        YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
 
     CORBA::ValueBase* result = nullptr;
     if (tag == null_tag) {
@@ -373,7 +389,7 @@ CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, CORBA::V
             ids = read_id_list(in, st);
 
         std::size_t index = 0;
-        CORBA::ValueBase* made = skip ? nullptr : make_instance(ids, make, index);
+        CORBA::ValueBase* made = skip ? nullptr : make_instance(std::move(ids), formal, index);
         Held made_held(made);
         if ((skip || index > 0) && !chunked)
             // Only chunks tell where state of an unknown type ends.
@@ -399,7 +415,9 @@ CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, CORBA::V
         --st.depth;
         result = made_held.release();
     }
-    if (nested_in_chunks && st.closed_to == 0)
+    if (inside && in.cursor() > st.chunk_end)
+        YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
+    if (nested_in_chunks && !inside && st.closed_to == 0)
         enter_chunk(in, st);
     return result;
 }
@@ -409,43 +427,48 @@ CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, CORBA::V
 void write_value(YV_CDR::OutputStream& out, const CORBA::ValueBase* v)
 {
     WriteState& st = write_state(out);
-    const bool nested_in_chunks = st.level > 0;
-    end_chunk(out, st);
+    // Null and indirections go inside the open chunk of a chunked value
+    // (omniORB reads nothing else); a value's header between chunks.
     out.align(4);
     if (v == nullptr) {
         out.write_ulong(null_tag);
-    } else if (auto it = st.values.find(v); it != st.values.end()) {
+        return;
+    }
+    if (auto it = st.values.find(v); it != st.values.end()) {
         write_indirection(out, it->second);
-    } else {
-        CORBA::ULong count = 0;
-        const char* const* ids = v->_yv_type_ids(count);
-        if (count == 0)
-            throw CORBA::MARSHAL(0, CORBA::COMPLETED_NO);
-        const bool chunked = nested_in_chunks || v->_yv_is_chunked();
-        st.values.emplace(v, out.size());
-        out.write_ulong(tag_base | (count > 1 ? tag_id_list : tag_single_id) | (chunked ? tag_chunked : 0));
-        if (count > 1)
-            out.write_ulong(count);
-        for (CORBA::ULong i = 0; i < count; ++i)
-            write_shared_string(out, st, ids[i]);
-        if (chunked) {
-            ++st.level;
-            begin_chunk(out, st);
-        }
-        v->_yv_marshal_state(out);
-        if (chunked) {
-            end_chunk(out, st);
-            out.write_long(-st.level);
-            --st.level;
-        }
+        return;
+    }
+    const bool nested_in_chunks = st.level > 0;
+    end_chunk(out, st);
+    out.align(4);
+    CORBA::ULong count = 0;
+    const char* const* ids = v->_yv_type_ids(count);
+    if (count == 0)
+        throw CORBA::MARSHAL(0, CORBA::COMPLETED_NO);
+    const bool chunked = nested_in_chunks || v->_yv_is_chunked();
+    st.values.emplace(v, out.size());
+    out.write_ulong(tag_base | (count > 1 ? tag_id_list : tag_single_id) | (chunked ? tag_chunked : 0));
+    if (count > 1)
+        out.write_ulong(count);
+    for (CORBA::ULong i = 0; i < count; ++i)
+        write_shared_string(out, st, ids[i]);
+    if (chunked) {
+        ++st.level;
+        begin_chunk(out, st);
+    }
+    v->_yv_marshal_state(out);
+    if (chunked) {
+        end_chunk(out, st);
+        out.write_long(-st.level);
+        --st.level;
     }
     if (nested_in_chunks)
         begin_chunk(out, st);
 }
 
-CORBA::ValueBase* read_value(YV_CDR::InputStream& in, CORBA::ValueBase* (*make)())
+CORBA::ValueBase* read_value(YV_CDR::InputStream& in, const char* formal_id, CORBA::ValueBase* (*make)())
 {
-    return read_value_at(in, read_state(in), make, false);
+    return read_value_at(in, read_state(in), Formal{formal_id, make}, false);
 }
 
 } // namespace YV_Cxx

@@ -86,7 +86,7 @@ struct Marshal<Ref_var<T, ValueTraits<T>>> {
     // A value of another type than T is MARSHAL.
     static T* read_reference(YV_CDR::InputStream& in)
     {
-        CORBA::ValueBase* v = read_value(in, ValueMaker<T>::make);
+        CORBA::ValueBase* v = read_value_of<T>(in);
         if (v == nullptr)
             return nullptr;
         if (T* typed = dynamic_cast<T*>(v))

@@ -30,27 +30,46 @@ constexpr CORBA::ULong minor_no_value_factory = 0x4f4d0001;
 void write_value(YV_CDR::OutputStream& out, const CORBA::ValueBase* v);
 
 // Reads a value: null, one read before from this stream (one more
-// reference), or a new one with one reference. Its instance comes from the
-// factory registered for the first of its repository ids that has one;
-// `make`, when given, makes an instance of the type the caller expects,
-// used when its id is among those received (or when none is) and no factory
-// is registered for an earlier one. An instance of a base, where the value
-// was written in chunks, gets the base's state and the rest is skipped.
-// Malformed input, and a type nothing here can make, is MARSHAL.
-CORBA::ValueBase* read_value(YV_CDR::InputStream& in, CORBA::ValueBase* (*make)() = nullptr);
+// reference), or a new one with one reference. `formal_id` and `make`
+// describe the type the caller expects (either may be null): the id stands
+// for the value's type when the value comes without type information (as
+// omniORB sends a value of the formal type), and `make` makes an instance
+// of that type without a factory. The instance comes from the factory
+// registered for the first of the value's repository ids that has one, or
+// from `make` when that id is the formal type's. An instance of a base,
+// where the value was written in chunks, gets the base's state and the
+// rest is skipped. Malformed input, and a type nothing here can make, is
+// MARSHAL.
+CORBA::ValueBase* read_value(YV_CDR::InputStream& in, const char* formal_id = nullptr,
+                             CORBA::ValueBase* (*make)() = nullptr);
 
-// The `make` that read_value gets for a value of C++ type T: T's static
-// _yv_create_for_unmarshal() where T has one (value boxes, concrete value
-// classes the runtime may make without a factory), else none.
+// What read_value gets for a value of C++ type T: T's static
+// _yv_value_id() (its repository id) and _yv_create_for_unmarshal() (value
+// boxes, and classes the runtime may make without a factory), where T has
+// them.
 template <class T, class = void>
-struct ValueMaker {
+struct ValueFormalMake {
     static constexpr CORBA::ValueBase* (*make)() = nullptr;
 };
 template <class T>
-struct ValueMaker<T, std::void_t<decltype(T::_yv_create_for_unmarshal())>> {
+struct ValueFormalMake<T, std::void_t<decltype(T::_yv_create_for_unmarshal())>> {
     static CORBA::ValueBase* create() { return T::_yv_create_for_unmarshal(); }
     static constexpr CORBA::ValueBase* (*make)() = &create;
 };
+template <class T, class = void>
+struct ValueFormalId {
+    static const char* id() { return nullptr; }
+};
+template <class T>
+struct ValueFormalId<T, std::void_t<decltype(T::_yv_value_id())>> {
+    static const char* id() { return T::_yv_value_id(); }
+};
+
+template <class T>
+CORBA::ValueBase* read_value_of(YV_CDR::InputStream& in)
+{
+    return read_value(in, ValueFormalId<T>::id(), ValueFormalMake<T>::make);
+}
 
 } // namespace YV_Cxx
 
