@@ -70,6 +70,8 @@ const ProvidedName provided_names[] = {
     {"CORBA::VM_NONE", kSystemHeader},
     {"CORBA::VM_TRUNCATABLE", kSystemHeader},
     {"CORBA::ValueBase", kSystemHeader},
+    {"CORBA::ValueFactory", kSystemHeader},
+    {"CORBA::ValueFactoryBase", kSystemHeader},
     {"CORBA::ValueModifier", kSystemHeader},
     {"CORBA::WChar", kSystemHeader},
 #define YV_SYSTEM_EXCEPTION(name) {"CORBA::" #name, kSystemHeader},
