@@ -415,11 +415,13 @@ CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, const Fo
         --st.depth;
         result = made_held.release();
     }
+    // Held while what follows may still fail.
+    Held held(result);
     if (inside && in.cursor() > st.chunk_end)
         YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
     if (nested_in_chunks && !inside && st.closed_to == 0)
         enter_chunk(in, st);
-    return result;
+    return held.release();
 }
 
 } // namespace
