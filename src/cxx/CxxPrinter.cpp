@@ -17,91 +17,77 @@ CxxPrinter::CxxPrinter(std::ostream& os, UTL_Indent& indent, bool at_line_start)
 {
 }
 
-// Text goes straight to the stream's buffer: emitters write millions of
-// short pieces, and the stream's per-call checks would cost more than the
-// copying. An output file's buffer is filled without a virtual call.
-void CxxPrinter::put(std::string_view text)
-{
-    if (m_text)
-        m_text->append(text.data(), text.size());
-    else
-        m_buf->sputn(text.data(), static_cast<std::streamsize>(text.size()));
-}
-
 void CxxPrinter::put_indentation()
 {
     static const std::string blanks(64 * UTL_Indent::WIDTH, ' ');
     std::size_t n = static_cast<std::size_t>(m_indent.get_indent()) * UTL_Indent::WIDTH;
+    if (n == 0)
+        return;
     while (n > blanks.size()) {
-        put(blanks);
+        put(blanks.data(), blanks.size());
         n -= blanks.size();
     }
-    put(std::string_view(blanks.data(), n));
-}
-
-void CxxPrinter::write_line_piece(std::string_view piece)
-{
-    if (piece.empty())
-        return;
-    if (m_line_start) {
-        put_indentation();
-        m_line_start = false;
-    }
-    put(piece);
+    put(blanks.data(), n);
 }
 
 void CxxPrinter::print(std::string_view text, Vars vars) { substitute(text, vars, true); }
 
 void CxxPrinter::raw(std::string_view text, Vars vars) { substitute(text, vars, false); }
 
-// Unindented text is written with the line-start flag held down, so that
-// no piece of it is indented; a line end at its very end lets the next
-// print start a line.
 void CxxPrinter::substitute(std::string_view text, Vars vars, bool indented)
 {
-    std::size_t pos = 0;
-    const std::size_t size = text.size();
-    while (pos < size) {
-        if (!indented)
-            m_line_start = false;
-        std::size_t stop = pos;
-        while (stop < size && text[stop] != '$' && text[stop] != '\n')
-            ++stop;
-        if (stop == size) {
-            write_line_piece(text.substr(pos));
-            return;
+    // One list for all: a print never prints within itself, and the
+    // compiler writes on one thread.
+    static Pieces pieces;
+    CxxTextTemplate::split(text, pieces);
+    write(pieces, text.data(), vars, indented);
+}
+
+namespace {
+
+bool same_name(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (a[i] != b[i])
+            return false;
+    return true;
+}
+
+std::string_view value_of(CxxPrinter::Vars vars, std::string_view name)
+{
+    for (const CxxPrinter::Var& v : vars)
+        if (same_name(v.first, name))
+            return v.second;
+    throw std::logic_error("CxxPrinter: no value for $" + std::string(name) + "$");
+}
+
+} // namespace
+
+// Every line that has text gets the indentation before its first piece; a
+// line holding only its end gets none, and an empty value writes nothing.
+// Unindented text gets no indentation at all; a line end at its very end
+// lets the next print start a line.
+void CxxPrinter::write(const Pieces& pieces, const char* text, Vars vars, bool indented)
+{
+    if (pieces.empty())
+        return;
+    for (const CxxTextTemplate::Piece& piece : pieces) {
+        std::string_view run(text + piece.begin, piece.length);
+        if (piece.kind == CxxTextTemplate::Piece::Value) {
+            run = value_of(vars, run);
+            if (run.empty())
+                continue;
         }
-        if (text[stop] == '\n') {
-            // The rest of the line and its end in one piece; an empty line
-            // gets no indentation.
-            if (stop > pos && m_line_start)
-                put_indentation();
-            put(text.substr(pos, stop + 1 - pos));
-            m_line_start = true;
-            pos = stop + 1;
-            continue;
-        }
-        write_line_piece(text.substr(pos, stop - pos));
-        const std::size_t end = text.find('$', stop + 1);
-        if (end == std::string_view::npos)
-            throw std::logic_error("CxxPrinter: unterminated $ in \"" + std::string(text) + "\"");
-        const std::string_view name = text.substr(stop + 1, end - stop - 1);
-        if (name.empty()) {
-            write_line_piece("$");
-        } else {
-            bool found = false;
-            for (const Var& v : vars) {
-                if (v.first == name) {
-                    write_line_piece(v.second);
-                    found = true;
-                    break;
-                }
-            }
-            if (!found)
-                throw std::logic_error("CxxPrinter: no value for $" + std::string(name) + "$");
-        }
-        pos = end + 1;
+        const bool line = piece.kind == CxxTextTemplate::Piece::Line;
+        if (indented && m_line_start && !(line && piece.length == 1))
+            put_indentation();
+        put(run.data(), run.size());
+        m_line_start = line;
     }
+    if (!indented)
+        m_line_start = pieces.back().kind == CxxTextTemplate::Piece::Line;
 }
 
 void CxxPrinter::indentation()
@@ -119,7 +105,11 @@ CxxPrinter::Block::~Block()
     if (!m_printer)
         return;
     m_printer->outdent();
-    if (std::uncaught_exceptions() == m_exceptions)
+    if (std::uncaught_exceptions() != m_exceptions)
+        return;
+    if (m_close_template)
+        m_printer->write(m_close_template->pieces(), m_close.data(), {}, true);
+    else if (!m_close.empty())
         m_printer->print(m_close);
 }
 
@@ -143,7 +133,7 @@ void CxxPrinter::member_param(std::string_view param, bool first)
 {
     if (!first)
         print(",\n");
-    print(param);
+    print("$param$", {{"param", param}});
 }
 
 void CxxPrinter::member_tail(bool no_params, std::string_view tail)

@@ -22,8 +22,14 @@
 // Values are views. A Vars list kept in a variable must not hold
 // temporaries (a CxxPrinter::Num made in its initializer included): name
 // them first.
+//
+// A text given as a literal is split into its pieces once and kept
+// (CxxTextTemplate); any other string is split at every print.
 #ifndef CXXPRINTER_H
 #define CXXPRINTER_H
+
+#include "CxxTextTemplate.h"
+#include "YV_TextBuffer.h"
 
 #include <exception>
 #include <initializer_list>
@@ -33,9 +39,9 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 class UTL_Indent;
-class YV_TextBuffer;
 
 class CxxPrinter {
 public:
@@ -63,10 +69,25 @@ public:
     // text starts at the current level. An unknown name is a programming
     // error (std::logic_error).
     void print(std::string_view text, Vars vars = {});
+    template <std::size_t N>
+    void print(const char (&text)[N], Vars vars = {})
+    {
+        write(CxxTextTemplate::of_literal(text, N - 1).pieces(), text, vars, true);
+    }
+    // A character array that is not const is no literal.
+    template <std::size_t N>
+    void print(char (&text)[N], Vars vars = {}) = delete;
 
     // Writes `text` with its values but without indentation: for the
     // pieces that the generated text fixes as unindented.
     void raw(std::string_view text, Vars vars = {});
+    template <std::size_t N>
+    void raw(const char (&text)[N], Vars vars = {})
+    {
+        write(CxxTextTemplate::of_literal(text, N - 1).pieces(), text, vars, false);
+    }
+    template <std::size_t N>
+    void raw(char (&text)[N], Vars vars = {}) = delete;
     // Writes the indentation of the current level and goes on on that line
     // (a line that the fixed text gives as only its indentation, or a line
     // whose first piece another visitor writes).
@@ -84,12 +105,16 @@ public:
     // it.
     class Block {
     public:
-        Block(CxxPrinter& p, std::string_view close)
-            : m_printer(&p), m_close(close), m_exceptions(std::uncaught_exceptions())
+        // `close_template` is the kept template of `close` when that is a
+        // literal, else null.
+        Block(CxxPrinter& p, std::string_view close, const CxxTextTemplate* close_template = nullptr)
+            : m_printer(&p), m_close(close), m_close_template(close_template),
+              m_exceptions(std::uncaught_exceptions())
         {
         }
         Block(Block&& other) noexcept
-            : m_printer(other.m_printer), m_close(other.m_close), m_exceptions(other.m_exceptions)
+            : m_printer(other.m_printer), m_close(other.m_close), m_close_template(other.m_close_template),
+              m_exceptions(other.m_exceptions)
         {
             other.m_printer = nullptr;
         }
@@ -101,11 +126,29 @@ public:
     private:
         CxxPrinter* m_printer;
         std::string_view m_close;
+        const CxxTextTemplate* m_close_template;
         int m_exceptions;
     };
-    [[nodiscard]] Block block(std::string_view open = "{\n", std::string_view close = "}\n", Vars vars = {});
+    [[nodiscard]] Block block() { return block("{\n", "}\n"); }
+    template <std::size_t N, std::size_t M>
+    [[nodiscard]] Block block(const char (&open)[N], const char (&close)[M], Vars vars = {})
+    {
+        print(open, vars);
+        indent();
+        return Block(*this, close, &CxxTextTemplate::of_literal(close, M - 1));
+    }
+    template <std::size_t N>
+    [[nodiscard]] Block block(const char (&open)[N])
+    {
+        return block(open, "}\n");
+    }
+    [[nodiscard]] Block block(std::string_view open, std::string_view close = "}\n", Vars vars = {});
     // One level deeper until the block ends; writes nothing itself.
-    [[nodiscard]] Block deeper() { return block("", ""); }
+    [[nodiscard]] Block deeper()
+    {
+        indent();
+        return Block(*this, std::string_view());
+    }
 
     // Writes `each(item)` for every item, `sep` between two (inline; each
     // call of `each` prints through this writer).
@@ -144,9 +187,20 @@ public:
     UTL_Indent& level() const { return m_indent; }
 
 private:
-    void put(std::string_view text);
+    using Pieces = std::vector<CxxTextTemplate::Piece>;
+
+    // Text goes straight to the stream's buffer: emitters write millions of
+    // short pieces, and the stream's per-call checks would cost more than
+    // the copying. An output file's buffer is filled without a virtual call.
+    void put(const char* text, std::size_t size)
+    {
+        if (m_text)
+            m_text->append(text, size);
+        else
+            m_buf->sputn(text, static_cast<std::streamsize>(size));
+    }
     void put_indentation();
-    void write_line_piece(std::string_view piece);
+    void write(const Pieces& pieces, const char* text, Vars vars, bool indented);
     void substitute(std::string_view text, Vars vars, bool indented);
     void member_head(std::string_view result, std::string_view name, bool no_params);
     void member_param(std::string_view param, bool first);

@@ -206,7 +206,7 @@ int YV_OutputFile::Buffer::sync() { return flush_buffer() ? 0 : -1; }
 
 // ---- YV_OutputFile ----
 
-YV_OutputFile::YV_OutputFile() : std::ostream(nullptr) { rdbuf(&m_buf); }
+YV_OutputFile::YV_OutputFile() : std::ostream(nullptr) { m_buf.serve(*this); }
 
 YV_OutputFile::~YV_OutputFile() { discard(); }
 

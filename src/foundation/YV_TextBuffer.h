@@ -23,7 +23,12 @@ public:
         }
     }
 
-    // The text buffer behind `os`, or null when its buffer is of another kind.
+    // Makes this the buffer of `os` and marks it there, so that of() finds
+    // it without a dynamic_cast (writers are made by the million).
+    void serve(std::ostream& os);
+
+    // The text buffer behind `os` when it was put there by serve(), else
+    // null (the stream's buffer is of another kind, or was replaced).
     static YV_TextBuffer* of(std::ostream& os);
 };
 

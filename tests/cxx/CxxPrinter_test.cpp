@@ -100,6 +100,67 @@ TEST(CxxPrinter, BlockLeftByAnExceptionWritesNoClose)
     EXPECT_EQ(indent.get_indent(), 0);
 }
 
+// A literal's pieces are kept from its first print: printed again at other
+// levels, from another line position, unindented and with other values, it
+// must give what the same text as a plain string gives.
+template <std::size_t N>
+void expect_as_string(const char (&literal)[N], const char* name)
+{
+    struct State {
+        int level;
+        bool line_start;
+        bool raw;
+        const char* t;
+    };
+    const State states[] = {{0, true, false, "long"}, {2, true, false, ""}, {1, false, false, "x"},
+                            {3, true, true, "char*"}, {1, true, false, "long"}};
+    for (const State& st : states) {
+        std::ostringstream kept, plain;
+        UTL_Indent kept_indent(st.level), plain_indent(st.level);
+        CxxPrinter k(kept, kept_indent, st.line_start), q(plain, plain_indent, st.line_start);
+        const CxxPrinter::Vars vars = {{"t", st.t}, {"n", "v"}};
+        if (st.raw) {
+            k.raw(literal, vars);
+            q.raw(std::string(literal), vars);
+        } else {
+            k.print(literal, vars);
+            q.print(std::string(literal), vars);
+        }
+        // The line position after the text must agree too.
+        k.print("#\n");
+        q.print("#\n");
+        EXPECT_EQ(kept.str(), plain.str()) << name << " at level " << st.level;
+    }
+}
+
+TEST(CxxPrinter, KeptLiteralsWriteAsPlainStrings)
+{
+    expect_as_string("int a;\n", "one line");
+    expect_as_string("a;\n\n  b;\n", "empty line");
+    expect_as_string("$t$ $n$ = $n$_init;\n", "values");
+    expect_as_string("$t$", "value alone");
+    expect_as_string("\n$t$", "value after a line end");
+    expect_as_string("a$$b$t$\n", "dollar");
+    expect_as_string("tail", "no line end");
+    expect_as_string("", "empty");
+}
+
+// The kept pieces belong to the text, not only to its address: an array
+// that comes to hold another text is split again.
+TEST(CxxPrinter, ChangedTextAtAKeptAddressIsSplitAgain)
+{
+    char storage[] = "a $t$;\n";
+    const char(&text)[sizeof storage] = storage;
+    std::ostringstream os;
+    UTL_Indent indent(0);
+    CxxPrinter p(os, indent);
+    p.print(text, {{"t", "x"}});
+    storage[2] = '[';
+    storage[5] = ']';
+    p.print(text, {{"t", "x"}});
+    EXPECT_EQ(os.str(), "a x;\na [t];\n");
+}
+
 TEST(CxxPrinter, UnknownValueIsAnError)
 {
     std::ostringstream os;
@@ -107,6 +168,8 @@ TEST(CxxPrinter, UnknownValueIsAnError)
     CxxPrinter p(os, indent);
     EXPECT_THROW(p.print("$missing$"), std::logic_error);
     EXPECT_THROW(p.print("$open"), std::logic_error);
+    EXPECT_THROW(p.print(std::string("$open")), std::logic_error);
+    EXPECT_THROW(p.print(std::string("$missing$")), std::logic_error);
 }
 
 } // namespace

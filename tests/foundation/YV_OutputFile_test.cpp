@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <set>
+#include <sstream>
 #include <sys/stat.h>
 
 namespace fs = std::filesystem;
@@ -78,6 +79,20 @@ TEST_F(OutputFileTest, DirectAppendsAndStreamInsertsKeepTheirOrder)
     EXPECT_EQ(out.size(), expected.size());
     EXPECT_TRUE(out.commit()) << out.error();
     EXPECT_EQ(yvtest::read_file(path("b.cxx")), expected);
+}
+
+// Writers fill a buffer directly only while it is the stream's own text
+// buffer: not another stream's, not after the buffer was replaced.
+TEST_F(OutputFileTest, DirectFillingOnlyThroughTheFilesOwnBuffer)
+{
+    std::ostringstream other;
+    EXPECT_EQ(YV_TextBuffer::of(other), nullptr);
+    YV_OutputFile out;
+    ASSERT_NE(YV_TextBuffer::of(out), nullptr);
+    std::streambuf* own = out.rdbuf(other.rdbuf());
+    EXPECT_EQ(YV_TextBuffer::of(out), nullptr);
+    out.rdbuf(own);
+    EXPECT_NE(YV_TextBuffer::of(out), nullptr);
 }
 
 TEST_F(OutputFileTest, AbandonedFileLeavesTheEarlierOneAndNoTrace)

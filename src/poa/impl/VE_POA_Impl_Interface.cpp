@@ -237,7 +237,7 @@ void VE_POA_Impl_Interface::output_anonymous_typecodes(AST_Decl* d)
 {
     std::vector<AST_Type*> types;
     if (AST_Operation* op = AST_Operation::narrow_from_decl(d)) {
-        for (AST_Argument* arg : POA_DispatchNames::arguments_of(op))
+        for (AST_Argument* arg : arguments(op))
             types.push_back(arg->field_type());
         types.push_back(op->return_type());
     } else if (AST_Attribute* a = AST_Attribute::narrow_from_decl(d)) {
@@ -261,22 +261,47 @@ POA_SkeletonNames VE_POA_Impl_Interface::names() const
     return POA_SkeletonNames(resolver());
 }
 
-std::string VE_POA_Impl_Interface::dispatch_function_name(AST_Decl* d, const char* accessor) const
+const std::string& VE_POA_Impl_Interface::dispatch_function_name(AST_Decl* d, const char* accessor) const
 {
+    const std::size_t kind = accessor[0] == '\0' ? 0 : accessor[1] == 'g' ? 1 : 2;
+    std::string& name = m_dispatch_names[d][kind];
+    if (!name.empty())
+        return name;
     const POA_SkeletonNames n = names();
     AST_Interface* declaring = AST_Interface::narrow_from_decl(ScopeAsDecl(d->defined_in()));
-    return n.scoped(declaring) + "::" + accessor + n.local(d) + "_yvgen_dispatch";
+    name = n.scoped(declaring) + "::" + accessor + n.local(d) + "_yvgen_dispatch";
+    return name;
 }
 
-std::string VE_POA_Impl_Interface::streamable_class(AST_Type* t)
+const std::vector<AST_Argument*>& VE_POA_Impl_Interface::arguments(AST_Operation* op)
 {
+    auto kept = m_arguments.find(op);
+    if (kept == m_arguments.end())
+        kept = m_arguments.emplace(op, POA_DispatchNames::arguments_of(op)).first;
+    return kept->second;
+}
+
+const std::string& VE_POA_Impl_Interface::skeleton_in_itself(AST_Interface* i)
+{
+    std::string& kept = m_skeletons[i];
+    if (kept.empty())
+        kept = names().seen_from(i, i);
+    return kept;
+}
+
+const std::string& VE_POA_Impl_Interface::streamable_class(AST_Type* t)
+{
+    std::string& kept = m_streamables[t];
+    if (!kept.empty())
+        return kept;
     YV_ScratchStream text_buf;
     std::ostream& text = text_buf.stream();
     VIS_Client_DeclareAsst_Factory* factory = VIS_Client_DeclareAsst_Factory::find_factory(GEN_POACxx::narrow_from_gen(generator())->visitorFF());
     // The factory hands the visitor over; it names this one class.
     std::unique_ptr<VIS_Client_DeclareAsst> declare(factory->create_VIS_Client_DeclareAsst(text, indent().get_indent(), root_scope(), generator(), streamable_class_usage));
     t->accept(declare.get());
-    return text_buf.str();
+    kept = text_buf.str();
+    return kept;
 }
 
 std::string VE_POA_Impl_Interface::fully_scoped(AST_Decl* d) const

@@ -22,8 +22,11 @@
 #include "IDL_OpDict.h"
 #include "VE_Client_Interface.h"
 
+#include <array>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 class AST_Attribute;
 class AST_Interface;
@@ -123,8 +126,10 @@ private:
 
     POA_SkeletonNames names() const;
     // The dispatch function of an operation (accessor "") or of an
-    // attribute's reader ("_get_") or writer ("_set_"), fully scoped.
-    std::string dispatch_function_name(AST_Decl* d, const char* accessor) const;
+    // attribute's reader ("_get_") or writer ("_set_"), fully scoped. Made
+    // once per declaration: every interface's table names the dispatch
+    // functions of all its bases again.
+    const std::string& dispatch_function_name(AST_Decl* d, const char* accessor) const;
     // The key under which the reply handler's operation is stored: its IDL
     // identifier, with a leading "_" for the replies of ami_target's
     // attribute accessors.
@@ -132,10 +137,24 @@ private:
     // The bit count of the interface's table from the counter and -p.
     unsigned long table_bits(AST_Interface* i, long counter) const;
 
+    // The operation's arguments, in order.
+    const std::vector<AST_Argument*>& arguments(AST_Operation* op);
+    // The skeleton class's name as seen from the class itself.
+    const std::string& skeleton_in_itself(AST_Interface* i);
+
     // Texts that client-side visitors write for a type.
-    std::string streamable_class(AST_Type* t);
+    const std::string& streamable_class(AST_Type* t);
     std::string fully_scoped(AST_Decl* d) const;
     UTL_Scope* root_scope() const;
+
+    // Made once per node: each interface's dispatch functions and table
+    // name the operations, arguments and types of all its bases again.
+    // dispatch_function_name's names, by accessor "", "_get_", "_set_".
+    mutable std::unordered_map<const AST_Decl*, std::array<std::string, 3>> m_dispatch_names;
+    std::unordered_map<const AST_Operation*, std::vector<AST_Argument*>> m_arguments;
+    std::unordered_map<const AST_Type*, std::string> m_streamables;
+    // Each skeleton class's name as seen from itself.
+    std::unordered_map<const AST_Interface*, std::string> m_skeletons;
 };
 
 #endif

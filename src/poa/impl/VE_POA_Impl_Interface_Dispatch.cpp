@@ -111,7 +111,7 @@ void VE_POA_Impl_Interface::output_dispatch_prolog(AST_Interface* i)
             "CORBA::NVList_ptr $nvlist$;\n"
             "CORBA::Any *$any$;\n\n"
             "if ($request$->yv_setup($nvlist$, $any$))\n",
-            {{"skeleton", names().seen_from(i, i)},
+            {{"skeleton", skeleton_in_itself(i)},
              {"intf", v.intf},
              {"servant", v.servant},
              {"nvlist", v.nvlist},
@@ -142,7 +142,7 @@ void VE_POA_Impl_Interface::output_dispatch_epilog(AST_Operation* op)
 
 unsigned long VE_POA_Impl_Interface::calc_num_args(AST_Operation* op)
 {
-    return static_cast<unsigned long>(POA_DispatchNames::arguments_of(op).size());
+    return static_cast<unsigned long>(arguments(op).size());
 }
 
 long VE_POA_Impl_Interface::is_void(AST_Type* t)
@@ -160,7 +160,7 @@ void VE_POA_Impl_Interface::output_operation_call(AST_Operation* op, bool tempor
         if (!is_void(op->return_type()))
             p.print("$result$ = ", {{"result", v.result}});
         p.print("$intf$->$op$(", {{"intf", v.intf}, {"op", names().local(op)}});
-        p.list(POA_DispatchNames::arguments_of(op), ", ", [&](AST_Argument* arg) {
+        p.list(arguments(op), ", ", [&](AST_Argument* arg) {
             const std::string& name = names().local(arg);
             p.print("$arg$", {{"arg", temporaries ? yvtmpvar(name.c_str()) : name}});
         });
@@ -191,7 +191,7 @@ void VE_POA_Impl_Interface::output_op_dispatch_local_extract(AST_Operation* op)
                                                               AST_Argument::dir_IN, 1);
     }
     unsigned long position = 0;
-    for (AST_Argument* arg : POA_DispatchNames::arguments_of(op)) {
+    for (AST_Argument* arg : arguments(op)) {
         const std::string tmp = yvtmpvar(names().local(arg).c_str());
         output_op_dispatch_local_extract_streamable(arg->field_type(), position++, tmp.c_str());
         output_op_dispatch_local_declare_and_extract_variable(arg->field_type(), tmp.c_str(), arg->direction(), 0);
@@ -201,7 +201,7 @@ void VE_POA_Impl_Interface::output_op_dispatch_local_extract(AST_Operation* op)
 void VE_POA_Impl_Interface::output_result_streamable(AST_Type* t)
 {
     const POA_DispatchNames& v = POA_DispatchNames::get();
-    const std::string strm = streamable_class(t);
+    const std::string& strm = streamable_class(t);
     printer().print("$class$* $var$ = $class$::_downcast($any$->yv_get_streamable());\n\n",
                     {{"class", strm}, {"var", yvstrmvar(v.result.c_str())}, {"any", v.any}});
 }
@@ -209,7 +209,7 @@ void VE_POA_Impl_Interface::output_result_streamable(AST_Type* t)
 // The blank after "=" that ends the first line is fixed.
 void VE_POA_Impl_Interface::output_op_dispatch_local_extract_streamable(AST_Type* t, unsigned long position, const char* name)
 {
-    const std::string strm = streamable_class(t);
+    const std::string& strm = streamable_class(t);
     const std::string var = yvstrmvar(name);
     const CxxPrinter::Num at(static_cast<long long>(position));
     const CxxPrinter::Vars vars = {

@@ -49,7 +49,7 @@ void VE_POA_Impl_Interface::output_op_dispatch_remote(AST_Operation* op)
     const unsigned long count = calc_num_args(op);
     output_dispatch_remote_nv_array(count);
     unsigned long position = 0;
-    for (AST_Argument* arg : POA_DispatchNames::arguments_of(op))
+    for (AST_Argument* arg : arguments(op))
         output_dispatch_remote_arg(arg, position++);
     output_dispatch_remote_nvlist(count);
     output_dispatch_remote_result(op->return_type());
