@@ -25,6 +25,8 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #ifndef YV_VERSION_TEXT
@@ -513,13 +515,19 @@ YV_String GEN_CPlusPlus::make_legal_alpha_numeric_var(const YV_String& text)
 
 namespace {
 
-void collect_nested_names(UTL_Scope* s, bool nested, NameResolver& resolver, std::set<std::string>& out)
+// Most nested names repeat (argument and member names): `seen` turns them
+// away by hash before the ordered set is searched.
+void collect_nested_names(UTL_Scope* s, bool nested, NameResolver& resolver, std::unordered_set<std::string_view>& seen,
+                          std::set<std::string>& out)
 {
     for (const auto& d : s->decls()) {
-        if (nested)
-            out.insert(resolver.local_name(d.get()));
+        if (nested) {
+            const std::string& name = resolver.local_name(d.get());
+            if (seen.insert(name).second)
+                out.insert(name);
+        }
         if (UTL_Scope* inner = DeclAsScope(d.get()))
-            collect_nested_names(inner, true, resolver, out);
+            collect_nested_names(inner, true, resolver, seen, out);
     }
 }
 
@@ -528,7 +536,8 @@ void collect_nested_names(UTL_Scope* s, bool nested, NameResolver& resolver, std
 const std::set<std::string>& GEN_CPlusPlus::nested_names()
 {
     if (!m_nested_names_known && global_data() && name_resolver()) {
-        collect_nested_names(global_data()->root(), false, *name_resolver(), m_nested_names);
+        std::unordered_set<std::string_view> seen;
+        collect_nested_names(global_data()->root(), false, *name_resolver(), seen, m_nested_names);
         m_nested_names_known = true;
     }
     return m_nested_names;

@@ -156,7 +156,7 @@ TEST(CxxPrinter, ChangedTextAtAKeptAddressIsSplitAgain)
     CxxPrinter p(os, indent);
     p.print(text, {{"t", "x"}});
     storage[2] = '[';
-    storage[5] = ']';
+    storage[4] = ']';
     p.print(text, {{"t", "x"}});
     EXPECT_EQ(os.str(), "a x;\na [t];\n");
 }

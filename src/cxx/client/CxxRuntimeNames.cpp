@@ -6,7 +6,10 @@
 #include "UTL_Scope.h"
 
 #include <algorithm>
+#include <cstring>
 #include <sstream>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -91,6 +94,37 @@ std::string scoped_name(AST_Decl* d, NameResolver& resolver)
     return os.str();
 }
 
+// The outermost scopes of the table's names ("CORBA", "PortableServer"...).
+const std::vector<std::string>& provided_scopes()
+{
+    static const std::vector<std::string> scopes = [] {
+        std::vector<std::string> found;
+        for (const ProvidedName& p : provided_names) {
+            const std::string outer(p.scoped, std::strstr(p.scoped, "::") - p.scoped);
+            if (std::find(found.begin(), found.end(), outer) == found.end())
+                found.push_back(outer);
+        }
+        return found;
+    }();
+    return scopes;
+}
+
+// False for a declaration whose scoped name cannot be in the table: one at
+// file scope, or under another outermost scope. Asked for nearly every
+// declaration, it spares making their scoped names.
+bool may_be_provided(AST_Decl* d, NameResolver& resolver)
+{
+    AST_Decl* outer = d;
+    for (AST_Decl* s = ScopeAsDecl(d->defined_in()); s && s->node_type() != AST_Decl::NT_root;
+         s = ScopeAsDecl(s->defined_in()))
+        outer = s;
+    if (outer == d)
+        return false;
+    const std::string& name = resolver.local_name(outer);
+    const std::vector<std::string>& scopes = provided_scopes();
+    return std::find(scopes.begin(), scopes.end(), name) != scopes.end();
+}
+
 void collect(UTL_Scope* s, NameResolver& resolver, std::vector<const ProvidedName*>& found)
 {
     for (const auto& d : s->decls()) {
@@ -119,7 +153,7 @@ const char* CxxRuntimeNames::header_of(const std::string& scoped)
 
 bool CxxRuntimeNames::provided(AST_Decl* d, NameResolver& resolver)
 {
-    return d && header_of(scoped_name(d, resolver)) != nullptr;
+    return d && may_be_provided(d, resolver) && header_of(scoped_name(d, resolver)) != nullptr;
 }
 
 std::vector<std::string> CxxRuntimeNames::headers_for(AST_Root* root, NameResolver& resolver)

@@ -97,8 +97,12 @@ int VE_POA_Impl_Interface::output_static_hashtable(AST_Interface* i)
                 p.print("&_entry_$slot$_0", {{"slot", CxxPrinter::Num(s)}});
             else
                 p.print("0");
-            if (s + 1 < slots)
-                p.print(s % 6 == 5 ? ", \n" : ", ");
+            if (s + 1 == slots)
+                continue;
+            if (s % 6 == 5)
+                p.print(", \n");
+            else
+                p.print(", ");
         }
         p.print("\n");
     }
