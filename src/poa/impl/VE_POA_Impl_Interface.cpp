@@ -71,6 +71,9 @@ long VE_POA_Impl_Interface::visit(AST_Decl* d)
         ami_target = nullptr;
         gen->set_options("-xAMICallbacks", 1, 0);
         handler.reset();
+        // The handler's nodes are gone; another handler's may come to
+        // their addresses.
+        forget_kept_names();
         printer().print("\n\n");
     }
     return 1;
@@ -271,6 +274,14 @@ const std::string& VE_POA_Impl_Interface::dispatch_function_name(AST_Decl* d, co
     AST_Interface* declaring = AST_Interface::narrow_from_decl(ScopeAsDecl(d->defined_in()));
     name = n.scoped(declaring) + "::" + accessor + n.local(d) + "_yvgen_dispatch";
     return name;
+}
+
+void VE_POA_Impl_Interface::forget_kept_names()
+{
+    m_dispatch_names.clear();
+    m_arguments.clear();
+    m_streamables.clear();
+    m_skeletons.clear();
 }
 
 const std::vector<AST_Argument*>& VE_POA_Impl_Interface::arguments(AST_Operation* op)

@@ -141,6 +141,8 @@ private:
     const std::vector<AST_Argument*>& arguments(AST_Operation* op);
     // The skeleton class's name as seen from the class itself.
     const std::string& skeleton_in_itself(AST_Interface* i);
+    // Drops what the members below keep, which is keyed by node address.
+    void forget_kept_names();
 
     // Texts that client-side visitors write for a type.
     const std::string& streamable_class(AST_Type* t);
