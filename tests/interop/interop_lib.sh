@@ -77,7 +77,7 @@ wait_for_file() {
 # chooses, with its own data directory. Sets naming_port and naming_pid.
 start_naming_service() {
     mkdir -p "$work/names"
-    timeout "$INTEROP_SERVER_LIMIT" omniNames -start -always -datadir "$work/names" \
+    timeout -k 10 "$INTEROP_SERVER_LIMIT" omniNames -start -always -datadir "$work/names" \
         -ORBendPoint giop:tcp:127.0.0.1: >"$work/names.log" 2>&1 &
     naming_pid=$!
     pids+=("$naming_pid")
@@ -100,7 +100,7 @@ start_server() {
     local kind=$1 program=$2
     shift 2
     # shellcheck disable=SC2046
-    env $(orb_env "$kind") timeout "$INTEROP_SERVER_LIMIT" "$program" $(orb_args "$kind") --ior-file "$work/server.ior" "$@" \
+    env $(orb_env "$kind") timeout -k 10 "$INTEROP_SERVER_LIMIT" "$program" $(orb_args "$kind") --ior-file "$work/server.ior" "$@" \
         >"$work/server.log" 2>&1 &
     server_pid=$!
     pids+=("$server_pid")
@@ -116,7 +116,7 @@ run_client() {
     local kind=$1 program=$2
     shift 2
     # shellcheck disable=SC2046
-    env $(orb_env "$kind") timeout "$INTEROP_CLIENT_LIMIT" "$program" $(orb_args "$kind") "$@"
+    env $(orb_env "$kind") timeout -k 10 "$INTEROP_CLIENT_LIMIT" "$program" $(orb_args "$kind") "$@"
     local status=$?
     [ $status -eq 124 ] && echo "FAIL: the client ran out of time" >&2
     return $status

@@ -17,7 +17,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 make_work_dir
 
 # shellcheck disable=SC2046
-timeout "$INTEROP_SERVER_LIMIT" "$server" $(orb_args yv) "$work/branch.ior" >"$work/server.log" 2>&1 &
+timeout -k 10 "$INTEROP_SERVER_LIMIT" "$server" $(orb_args yv) "$work/branch.ior" >"$work/server.log" 2>&1 &
 server_pid=$!
 pids+=("$server_pid")
 wait_for_file "$work/branch.ior" "$server_pid" || { cat "$work/server.log" >&2; fail "no reference written"; }

@@ -26,7 +26,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 
 make_work_dir
 start_server "$server_kind" "$server"
-timeout "$INTEROP_CLIENT_LIMIT" "${program[@]}" "$work/server.ior"
+timeout -k 10 "$INTEROP_CLIENT_LIMIT" "${program[@]}" "$work/server.ior"
 status=$?
 if [ $status -eq 0 ] && [ -n "$client" ]; then
     echo "== the client's checks against the same server"
