@@ -10,7 +10,8 @@ class GEN_CPlusPlus;
 
 class CPPResolver : public NameResolver {
 public:
-    explicit CPPResolver(GEN_CPlusPlus* gen) : m_gen(gen) {}
+    // Made for one generator, which the C++ names do not depend on.
+    explicit CPPResolver(GEN_CPlusPlus* /*gen*/) {}
 
     // "CORBA::Long", "CORBA::Any", "CORBA::TypeCode_ptr", "void", ...
     const char* get_predef_type(AST_PredefinedType::PredefinedType pt) override;
@@ -20,9 +21,6 @@ public:
 
 protected:
     bool is_reserved(const std::string& name) const override;
-
-private:
-    GEN_CPlusPlus* m_gen;
 };
 
 #endif

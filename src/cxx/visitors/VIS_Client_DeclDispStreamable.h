@@ -25,11 +25,9 @@ protected:
 
 private:
     std::string m_strm;
-    std::string m_var;
     std::string m_addr;
     std::string m_orb;
     long m_usage;
-    AST_Decl* m_decl;
 };
 
 #endif

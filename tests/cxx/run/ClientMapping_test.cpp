@@ -4,6 +4,7 @@
 // references, value types and boxes, arrays, exceptions with members,
 // attributes, narrowing, local interfaces and reply handlers.
 #include "MappingS.hh"
+#include "PeerServant.h"
 
 #include <gtest/gtest.h>
 
@@ -13,15 +14,6 @@
 #include <vector>
 
 namespace {
-
-class PeerServant : public virtual POA_Run::Peer {
-public:
-    explicit PeerServant(CORBA::Long id) : m_id(id) {}
-    CORBA::Long id() override { return m_id; }
-
-private:
-    CORBA::Long m_id;
-};
 
 // The value type implemented as a user would.
 class NoteImpl : public virtual Run::Note {

@@ -4,19 +4,11 @@
 // class; this file includes Mapping's header after Forward's.
 #include "ForwardS.hh"
 #include "MappingS.hh"
+#include "PeerServant.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-class PeerServant : public virtual POA_Run::Peer {
-public:
-    explicit PeerServant(CORBA::Long id) : m_id(id) {}
-    CORBA::Long id() override { return m_id; }
-
-private:
-    CORBA::Long m_id;
-};
 
 class RegistryServant : public virtual POA_Run::Registry {
 public:

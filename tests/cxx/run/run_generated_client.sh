@@ -46,7 +46,7 @@ cp "$here/Wire.idl" "$here/GeneratedMarshal_test.cpp" .
 build wire_marshal GeneratedMarshal_test.cpp Wire.cxx
 ./wire_marshal --gtest_brief=1
 
-cp "$here/Mapping.idl" "$here/ClientMapping_test.cpp" .
+cp "$here/Mapping.idl" "$here/ClientMapping_test.cpp" "$here/PeerServant.h" .
 "$yvidl" -base:-xAMICallbacks -poa:-xAMICallbacks Mapping.idl
 build client_mapping ClientMapping_test.cpp Mapping.cxx MappingS.cxx
 ./client_mapping --gtest_brief=1
