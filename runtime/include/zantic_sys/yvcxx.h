@@ -31,6 +31,7 @@
 #include "YV_Cxx/CallArguments.h"
 #include "YV_Cxx/ExceptionMarshal.h"
 #include "YV_Cxx/FixedT.h"
+#include "YV_Cxx/GeneratedValue.h"
 #include "YV_Cxx/Marshal.h"
 #include "YV_Cxx/PredefinedStreamables.h"
 #include "YV_Cxx/RefMarshal.h"

@@ -473,4 +473,20 @@ CORBA::ValueBase* read_value(YV_CDR::InputStream& in, const char* formal_id, COR
     return read_value_at(in, read_state(in), Formal{formal_id, make}, false);
 }
 
+void end_base_state(YV_CDR::OutputStream& out)
+{
+    WriteState& st = write_state(out);
+    if (st.level > 0 && st.chunk_open) {
+        end_chunk(out, st);
+        begin_chunk(out, st);
+    }
+}
+
+void end_base_state(YV_CDR::InputStream& in)
+{
+    ReadState& st = read_state(in);
+    if (st.level > 0 && st.closed_to == 0 && (st.chunk_end == nullptr || in.cursor() == st.chunk_end))
+        enter_chunk(in, st);
+}
+
 } // namespace YV_Cxx

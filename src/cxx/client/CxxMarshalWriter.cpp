@@ -179,6 +179,8 @@ std::size_t min_size_of(AST_Type* r, const CxxTypeMapping& map, int depth, MinSi
 
 std::size_t CxxMarshalWriter::min_size(AST_Type* t) const { return min_size_at(t, m_map, 0, m_min_sizes); }
 
+const char* CxxMarshalWriter::primitive_name(AST_Type* t) { return primitive(t); }
+
 bool CxxMarshalWriter::is_sequence_class(AST_Typedef* td)
 {
     return td && td->base_type() && td->base_type()->node_type() == AST_Decl::NT_sequence;

@@ -65,6 +65,10 @@ public:
     std::string write_statement(AST_Type* t, const std::string& out, const std::string& value) const;
     std::string read_statement(AST_Type* t, const std::string& in, const std::string& value) const;
 
+    // The stream's name of primitive type `t` ("long" for write_long and
+    // read_long), or null when `t` is no primitive.
+    static const char* primitive_name(AST_Type* t);
+
     // True when a sequence typedef is a class of its own: the typedef
     // names an anonymous sequence (a typedef of a typedef names the same
     // class).

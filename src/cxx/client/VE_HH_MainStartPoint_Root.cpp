@@ -3,11 +3,13 @@
 #include "AST_Root.h"
 #include "AST_Type.h"
 #include "AST_Typedef.h"
+#include "AST_Value.h"
 #include "CxxAnyOperatorWriter.h"
 #include "CxxClientText.h"
 #include "CxxMarshalWriter.h"
 #include "CxxPrinter.h"
 #include "CxxRuntimeNames.h"
+#include "CxxValueWriter.h"
 #include "GEN_CPlusPlus.h"
 
 namespace {
@@ -96,6 +98,14 @@ void VE_HH_MainStartPoint_Root::output_global(AST_Root* root)
     const CxxAnyOperatorWriter any(text.mapping(), resolver());
     const std::string macro = text.class_macro();
     const std::vector<AST_Decl*> types = global_types(root, resolver());
+    // The concrete classes of value types, which users derive from and the
+    // default factories make.
+    const CxxValueWriter values(text.mapping(), resolver(), marshal);
+    for (AST_Decl* d : types)
+        if (AST_Value* v = AST_Value::narrow_from_decl(d); v && !v->is_abstract()) {
+            values.write_obv_class(p, v);
+            p.print("\n");
+        }
     std::vector<AST_Typedef*> sequences;
     for (AST_Decl* d : types) {
         AST_Typedef* td = AST_Typedef::narrow_from_decl(d);

@@ -9,7 +9,9 @@
 #include "AST_Value.h"
 #include "CxxClientText.h"
 #include "CxxPureVirtualMembers.h"
+#include "CxxMarshalWriter.h"
 #include "CxxRuntimeNames.h"
+#include "CxxValueWriter.h"
 #include "PureVirtualHHVisit.h"
 #include "CxxMemberDeclaration.h"
 #include "VE_Client_Interface.h"
@@ -65,6 +67,8 @@ void VE_HH_MainStartPoint_Value::output_value(AST_Value* v)
         p.print("static $full$* _downcast(CORBA::ValueBase* _yvp_value) { return dynamic_cast<$full$*>(_yvp_value); }\n",
                 {{"full", full}});
         p.print("static const YV_FWString _yv_fw_type_id;\n");
+        const CxxMarshalWriter marshal(text.mapping(), resolver());
+        CxxValueWriter(text.mapping(), resolver(), marshal).write_class_members(p, v);
 
         bool private_state = false;
         for (const auto& member : v->decls())
@@ -124,13 +128,22 @@ void VE_HH_MainStartPoint_Value::output_init(AST_Value* v)
     for (const auto& member : v->decls())
         if (AST_Factory* f = AST_Factory::narrow_from_decl(member.get()))
             factories.push_back(f);
-    if (factories.empty())
+    const bool default_factory = CxxValueWriter::has_default_factory(v);
+    if (factories.empty() && !default_factory)
         return;
     CxxClientText text(visitor());
     CxxPrinter p = text.printer();
     const std::string init = text.local(v) + "_init";
-    auto cls = p.block("class $macro$$init$\n{\n  public:\n", "};\n\n", {{"macro", text.class_macro()}, {"init", init}});
-    p.print("virtual ~$init$() {}\n\n", {{"init", init}});
+    const std::string full = text.full(v) + "_init";
+    const std::string macro = text.class_macro();
+    const CxxPrinter::Vars vars{{"macro", macro}, {"init", init}, {"full", full}};
+    auto cls = p.block("class $macro$$init$ :\n    public CORBA::ValueFactoryBase\n{\n  public:\n", "};\n\n", vars);
+    if (default_factory) {
+        // Makes the OBV_ class; registered when the program starts.
+        p.print("CORBA::ValueBase* create_for_unmarshal() override;\n");
+    } else {
+        p.print("virtual ~$init$() {}\n\n", vars);
+    }
     for (AST_Factory* f : factories) {
         CxxMemberDeclaration decl(text.full(v) + "*", text.local(f));
         for (const auto& member : f->decls())
@@ -139,6 +152,8 @@ void VE_HH_MainStartPoint_Value::output_init(AST_Value* v)
         decl.write(os(), indent(), PureVirtualHHVisit::instance(), nullptr);
         p.raw("\n\n");
     }
+    p.print("static $full$* _downcast(CORBA::ValueFactoryBase* _yvp_factory) { return dynamic_cast<$full$*>(_yvp_factory); }\n",
+            vars);
 }
 
 void VE_HH_MainStartPoint_Value::output_supported(AST_Value*, AST_Interface* supported, DeclMap& done)

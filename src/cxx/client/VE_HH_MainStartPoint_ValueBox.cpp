@@ -2,6 +2,8 @@
 
 #include "AST_ValueBox.h"
 #include "CxxClientText.h"
+#include "CxxMarshalWriter.h"
+#include "CxxValueWriter.h"
 
 
 long VE_HH_MainStartPoint_ValueBox::visit(AST_Decl* d)
@@ -38,7 +40,10 @@ long VE_HH_MainStartPoint_ValueBox::visit(AST_Decl* d)
         p.print("CORBA::ValueBase* _copy_value() override { return new $full$(*this); }\n", vars);
         p.print("static $full$* _downcast(CORBA::ValueBase* _yvp_base) { return dynamic_cast<$full$*>(_yvp_base); }\n",
                 vars);
-        p.print("static const YV_FWString _yv_fw_type_id;\n\n");
+        p.print("static const YV_FWString _yv_fw_type_id;\n");
+        const CxxMarshalWriter marshal(map, resolver());
+        CxxValueWriter(map, resolver(), marshal).write_box_members(p, b);
+        p.print("\n");
         p.outdent();
         p.print("  protected:\n");
         p.indent();

@@ -9,6 +9,8 @@
 #     ForwardReference_test.cpp;
 #   - Quota.idl, an interface derived from CORBA::Policy (generated with
 #     -xTIE), with QuotaPolicy_test.cpp;
+#   - Values.idl with ValueMapping_test.cpp: value types and boxes through
+#     their generated classes, also over GIOP messages;
 #   - the runtime's Bank.idl (generated with -xTIE and -xEnforceRaises) with
 #     the runtime's own dispatch tests, which then call through the
 #     generated proxies instead of hand-written ones.
@@ -62,6 +64,12 @@ cp "$here/Quota.idl" "$here/QuotaPolicy_test.cpp" .
 "$yvidl" -base -poa:-xTIE Quota.idl
 build quota_policy QuotaPolicy_test.cpp Quota.cxx QuotaS.cxx
 ./quota_policy --gtest_brief=1
+
+# Value types: OBV_ classes, default factories, values on every path.
+cp "$here/Values.idl" "$here/ValueMapping_test.cpp" .
+"$yvidl" -base -poa Values.idl
+build value_mapping ValueMapping_test.cpp Values.cxx ValuesS.cxx
+./value_mapping --gtest_brief=1
 
 mkdir bank
 cp "$source/tests/runtime/data/Bank.idl" "$source/tests/runtime/generated/Dispatch_test.cpp" bank/

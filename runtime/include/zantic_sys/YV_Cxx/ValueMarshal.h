@@ -43,6 +43,13 @@ void write_value(YV_CDR::OutputStream& out, const CORBA::ValueBase* v);
 CORBA::ValueBase* read_value(YV_CDR::InputStream& in, const char* formal_id = nullptr,
                              CORBA::ValueBase* (*make)() = nullptr);
 
+// Called by a value's _yv_marshal_state and _yv_unmarshal_state between
+// its base's state and its own. A chunked value is written with a chunk per
+// level of inheritance, as omniORB writes it; reading enters the chunk that
+// follows where the base's state ended at a chunk's end.
+void end_base_state(YV_CDR::OutputStream& out);
+void end_base_state(YV_CDR::InputStream& in);
+
 // What read_value gets for a value of C++ type T: T's static
 // _yv_value_id() (its repository id) and _yv_create_for_unmarshal() (value
 // boxes, and classes the runtime may make without a factory), where T has
