@@ -21,6 +21,15 @@ CORBA::ValueBase* copy_value(const CORBA::ValueBase* v);
 // own factory with ORB::register_value_factory replaces this one.
 void register_default_value_factory(const char* id, CORBA::ValueFactoryBase* factory);
 
+// The factory of value box Box, which the runtime registers like a
+// default factory: a box received as a ValueBase (or as a base of nothing)
+// needs one.
+template <class Box>
+class BoxFactory : public CORBA::ValueFactoryBase {
+public:
+    CORBA::ValueBase* create_for_unmarshal() override { return Box::_yv_create_for_unmarshal(); }
+};
+
 // A static object of a generated source file: registers a new Init (the
 // value type's default factory) when the program starts.
 template <class Init>
