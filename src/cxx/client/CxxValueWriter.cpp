@@ -3,6 +3,7 @@
 #include "AST_Factory.h"
 #include "AST_Interface.h"
 #include "AST_StateMember.h"
+#include "AST_Structure.h"
 #include "AST_Value.h"
 #include "AST_ValueBox.h"
 #include "CxxLiteral.h"
@@ -104,6 +105,76 @@ void CxxValueWriter::write_class_members(CxxPrinter& p, AST_Value* v) const
     p.print("void _yv_unmarshal_state(YV_CDR::InputStream& _yvp_in) override;\n");
 }
 
+void CxxValueWriter::write_box_accessors(CxxPrinter& p, AST_ValueBox* b) const
+{
+    AST_Type* t = b->boxed_type();
+    const bool array = CxxTypeMapping::kind_of(t) == CxxTypeMapping::K_array;
+    // (An array is handed out as a pointer to its slice.)
+    const std::string in = array ? m_map.member_reader(t) : m_map.param(t, CxxTypeMapping::M_in);
+    std::string inout = m_map.param(t, CxxTypeMapping::M_inout);
+    std::string out = m_map.param(t, CxxTypeMapping::M_out);
+    std::string in_body = "_yv_value";
+    std::string inout_body = "_yv_value";
+    switch (CxxTypeMapping::kind_of(t)) {
+    case CxxTypeMapping::K_string:
+    case CxxTypeMapping::K_wstring:
+    case CxxTypeMapping::K_typecode:
+    case CxxTypeMapping::K_object:
+    case CxxTypeMapping::K_interface:
+        in_body = "_yv_value.in()";
+        inout_body = "_yv_value.inout()";
+        break;
+    case CxxTypeMapping::K_array:
+        inout = out = m_map.member_modifier(t);
+        break;
+    case CxxTypeMapping::K_struct:
+    case CxxTypeMapping::K_union:
+    case CxxTypeMapping::K_sequence:
+    case CxxTypeMapping::K_any:
+    case CxxTypeMapping::K_fixed:
+        // The box holds the value itself, which an out parameter refers to.
+        out = inout;
+        break;
+    default: break;
+    }
+    const CxxPrinter::Vars vars{
+        {"in", in}, {"inout", inout}, {"out", out}, {"in_body", in_body}, {"inout_body", inout_body}};
+    p.print("$in$ _boxed_in() const { return $in_body$; }\n", vars);
+    p.print("$inout$ _boxed_inout() { return $inout_body$; }\n", vars);
+    p.print("$out$ _boxed_out() { return _yv_value; }\n", vars);
+
+    switch (CxxTypeMapping::kind_of(t)) {
+    case CxxTypeMapping::K_string:
+    case CxxTypeMapping::K_wstring: {
+        // A string box also adopts strings and indexes characters.
+        const char* ch = CxxTypeMapping::kind_of(t) == CxxTypeMapping::K_string ? "char" : "CORBA::WChar";
+        const std::string full = m_map.full_name(b);
+        const CxxPrinter::Vars svars{{"ch", ch}, {"full", full}, {"name", m_resolver.local_name(b)}};
+        p.print("$name$($ch$* _yvp_value) { _yv_value = _yvp_value; }\n", svars);
+        p.print("$full$& operator=($ch$* _yvp_value) { _yv_value = _yvp_value; return *this; }\n", svars);
+        p.print("void _value($ch$* _yvp_value) { _yv_value = _yvp_value; }\n", svars);
+        p.print("$ch$& operator[](CORBA::ULong _yvp_index) { return _yv_value[_yvp_index]; }\n", svars);
+        p.print("$ch$ operator[](CORBA::ULong _yvp_index) const { return _yv_value[_yvp_index]; }\n", svars);
+        break;
+    }
+    case CxxTypeMapping::K_sequence:
+        p.print("CORBA::ULong length() const { return _yv_value.length(); }\n");
+        p.print("void length(CORBA::ULong _yvp_length) { _yv_value.length(_yvp_length); }\n");
+        p.print("decltype(auto) operator[](CORBA::ULong _yvp_index) { return _yv_value[_yvp_index]; }\n");
+        p.print("decltype(auto) operator[](CORBA::ULong _yvp_index) const { return _yv_value[_yvp_index]; }\n");
+        break;
+    case CxxTypeMapping::K_struct:
+        // The structure's members through accessors of their own.
+        for (AST_Field* f : AST_Structure::narrow_from_decl(CxxTypeMapping::resolved(t))->fields()) {
+            const std::string name = m_resolver.local_name(f);
+            write_accessors(p, f->field_type(), name, "_yv_value." + name, "");
+        }
+        break;
+    default: break;
+    }
+    p.print("\n");
+}
+
 void CxxValueWriter::write_box_members(CxxPrinter& p, AST_ValueBox* b) const
 {
     p.print("static const char* _yv_value_id() { return $id$; }\n", {{"id", id_literal(b)}});
@@ -121,21 +192,25 @@ void CxxValueWriter::collect_constructor_members(AST_Value* v, std::vector<AST_S
         members.push_back(m);
 }
 
-void CxxValueWriter::write_obv_accessors(CxxPrinter& p, AST_StateMember* m) const
+void CxxValueWriter::write_accessors(CxxPrinter& p, AST_Type* t, const std::string& name, const std::string& storage,
+                                     const char* tail) const
 {
-    AST_Type* t = m->field_type();
-    const std::string name = m_resolver.local_name(m);
-    const std::string storage = "_yv_" + name;
     const std::string assign = m_map.assign_member(t, storage, "_yvp_value");
     const std::string writer = m_map.member_writer(t);
     const std::string reader = m_map.member_reader(t);
-    const CxxPrinter::Vars vars{
-        {"name", name}, {"storage", storage}, {"assign", assign}, {"writer", writer}, {"reader", reader}};
-    p.print("void $name$($writer$ _yvp_value) override { $assign$; }\n", vars);
-    p.print("$reader$ $name$() const override { return $storage$; }\n", vars);
+    const CxxPrinter::Vars vars{{"name", name},     {"storage", storage}, {"assign", assign},
+                                {"writer", writer}, {"reader", reader},   {"tail", tail}};
+    p.print("void $name$($writer$ _yvp_value)$tail$ { $assign$; }\n", vars);
+    p.print("$reader$ $name$() const$tail$ { return $storage$; }\n", vars);
     if (CxxTypeMapping::has_member_modifier(t))
-        p.print("$modifier$ $name$() override { return $storage$; }\n",
-                {{"modifier", m_map.member_modifier(t)}, {"name", name}, {"storage", storage}});
+        p.print("$modifier$ $name$()$tail$ { return $storage$; }\n",
+                {{"modifier", m_map.member_modifier(t)}, {"name", name}, {"storage", storage}, {"tail", tail}});
+}
+
+void CxxValueWriter::write_obv_accessors(CxxPrinter& p, AST_StateMember* m) const
+{
+    const std::string name = m_resolver.local_name(m);
+    write_accessors(p, m->field_type(), name, "_yv_" + name, " override");
 }
 
 std::string CxxValueWriter::obv_name(AST_Value* v) const
@@ -254,12 +329,17 @@ void CxxValueWriter::write_definitions(CxxPrinter& p, AST_Value* v) const
         auto body = p.block("$full$_init::create_for_unmarshal()\n{\n", "}\n\n", vars);
         p.print("return new $obv$;\n", {{"obv", obv_name(v)}});
     }
+    write_factory_registration(p, full, full + "_init");
+}
+
+void CxxValueWriter::write_factory_registration(CxxPrinter& p, const std::string& full, const std::string& factory) const
+{
     std::string object = "_yv_factory_" + full;
     for (char& c : object)
         if (c == ':')
             c = '_';
-    p.print("static const YV_Cxx::DefaultValueFactory<$full$_init> $object$($full$::_yv_value_id());\n\n",
-            {{"full", full}, {"object", object}});
+    p.print("static const YV_Cxx::DefaultValueFactory<$factory$> $object$($full$::_yv_value_id());\n\n",
+            {{"factory", factory}, {"full", full}, {"object", object}});
 }
 
 void CxxValueWriter::write_unmarshal_state(CxxPrinter& p, AST_Value* v, CxxPrinter::Vars vars) const
@@ -302,7 +382,11 @@ void CxxValueWriter::write_box_definitions(CxxPrinter& p, AST_ValueBox* b) const
             p.block("$full$::_yv_marshal_state(YV_CDR::OutputStream& _yvp_out) const\n{\n", "}\n\n", {{"full", full}});
         p.print(m_marshal.write_statement(t, out_param, "_yv_value") + "\n");
     }
-    p.print("void\n");
-    auto body = p.block("$full$::_yv_unmarshal_state(YV_CDR::InputStream& _yvp_in)\n{\n", "}\n\n", {{"full", full}});
-    p.print(m_marshal.read_statement(t, in_param, "_yv_value") + "\n");
+    {
+        p.print("void\n");
+        auto body =
+            p.block("$full$::_yv_unmarshal_state(YV_CDR::InputStream& _yvp_in)\n{\n", "}\n\n", {{"full", full}});
+        p.print(m_marshal.read_statement(t, in_param, "_yv_value") + "\n");
+    }
+    write_factory_registration(p, full, "YV_Cxx::BoxFactory<" + full + ">");
 }

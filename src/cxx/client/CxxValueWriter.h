@@ -27,6 +27,7 @@
 #include <vector>
 
 class AST_StateMember;
+class AST_Type;
 class AST_Value;
 class AST_ValueBox;
 class CxxMarshalWriter;
@@ -60,7 +61,12 @@ public:
     // Header, at file scope: the OBV_ class of `v` inside its namespaces
     // (OBV_<outermost module>, then the inner modules).
     void write_obv_class(CxxPrinter& p, AST_Value* v) const;
-    // Header, inside a value box's class (public).
+    // Header, inside a value box's class (public): _boxed_in, _boxed_inout
+    // and _boxed_out; for a string box adoption of strings and indexing,
+    // for a sequence box its length and elements, for a structure box an
+    // accessor per member.
+    void write_box_accessors(CxxPrinter& p, AST_ValueBox* b) const;
+    // Header, inside a value box's class (public): what the runtime calls.
     void write_box_members(CxxPrinter& p, AST_ValueBox* b) const;
 
     // Source: the bodies of what write_class_members declares out of line,
@@ -72,10 +78,17 @@ private:
     // The OBV_ class of `v` as seen from file scope ("OBV_M::V", "OBV_V").
     std::string obv_name(AST_Value* v) const;
     void write_unmarshal_state(CxxPrinter& p, AST_Value* v, CxxPrinter::Vars vars) const;
+    // The static object that registers `factory` (a class name) for the
+    // repository id of `full` when the program starts.
+    void write_factory_registration(CxxPrinter& p, const std::string& full, const std::string& factory) const;
     void write_type_ids(CxxPrinter& p, const std::string& full, const std::vector<std::string>& ids) const;
     // The OBV_ class's constructor parameters: the state members of its
     // concrete bases, then its own.
     void collect_constructor_members(AST_Value* v, std::vector<AST_StateMember*>& members) const;
+    // Writer, reader and (where the kind has one) modifier `name` over
+    // the member `storage` of type `t`; `tail` follows each signature.
+    void write_accessors(CxxPrinter& p, AST_Type* t, const std::string& name, const std::string& storage,
+                         const char* tail) const;
     // The accessors of one state member, with storage `_yv_<name>`.
     void write_obv_accessors(CxxPrinter& p, AST_StateMember* m) const;
     // An expression naming the array that the slice pointer `slice` points

@@ -36,13 +36,15 @@ long VE_HH_MainStartPoint_ValueBox::visit(AST_Decl* d)
         p.print("$reader$ _value() const { return _yv_value; }\n", {{"reader", map.member_reader(t)}});
         if (CxxTypeMapping::has_member_modifier(t))
             p.print("$modifier$ _value() { return _yv_value; }\n", {{"modifier", map.member_modifier(t)}});
-        p.print("void _value($in$) { $assign$; }\n\n", vars);
+        p.print("void _value($in$) { $assign$; }\n", vars);
+        const CxxMarshalWriter marshal(map, resolver());
+        const CxxValueWriter values(map, resolver(), marshal);
+        values.write_box_accessors(p, b);
         p.print("CORBA::ValueBase* _copy_value() override { return new $full$(*this); }\n", vars);
         p.print("static $full$* _downcast(CORBA::ValueBase* _yvp_base) { return dynamic_cast<$full$*>(_yvp_base); }\n",
                 vars);
         p.print("static const YV_FWString _yv_fw_type_id;\n");
-        const CxxMarshalWriter marshal(map, resolver());
-        CxxValueWriter(map, resolver(), marshal).write_box_members(p, b);
+        values.write_box_members(p, b);
         p.print("\n");
         p.outdent();
         p.print("  protected:\n");

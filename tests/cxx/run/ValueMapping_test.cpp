@@ -221,6 +221,48 @@ TEST(ValueClasses, ChunkPerLevelOfInheritance)
     EXPECT_EQ(back->weight(), 1.5);
 }
 
+TEST(ValueClasses, BoxAccessors)
+{
+    Obv::StringBox_var s = new Obv::StringBox(CORBA::string_dup("abc")); // adopted
+    (*s)[1] = 'x';
+    EXPECT_STREQ(s->_boxed_in(), "axc");
+    CORBA::string_free(s->_boxed_inout());
+    s->_boxed_inout() = CORBA::string_dup("inout");
+    EXPECT_STREQ(s->_value(), "inout");
+    CORBA::String_out out = s->_boxed_out();
+    out = CORBA::string_dup("out");
+    EXPECT_STREQ(s->_value(), "out");
+    EXPECT_EQ(static_cast<const Obv::StringBox&>(*s)[0], 'o');
+
+    Obv::WordBox_var w = new Obv::WordBox(L"wide");
+    EXPECT_EQ((*w)[1], L'i');
+
+    Obv::PairBox_var p = new Obv::PairBox;
+    p->a(5);
+    p->b("text");
+    EXPECT_EQ(p->_value().a, 5);
+    EXPECT_STREQ(p->b(), "text");
+    p->_boxed_inout().a = 6;
+    EXPECT_EQ(p->a(), 6);
+
+    Obv::LongsBox_var q = new Obv::LongsBox;
+    q->length(2);
+    (*q)[1] = 9;
+    EXPECT_EQ(q->_boxed_in()[1], 9);
+    EXPECT_EQ(q->length(), 2u);
+
+    Obv::LongBox_var l = new Obv::LongBox(1);
+    l->_boxed_inout() = 2;
+    EXPECT_EQ(l->_boxed_in(), 2);
+
+    const CORBA::Long cells[3] = {1, 2, 3};
+    Obv::GridBox_var g = new Obv::GridBox(cells);
+    g->_boxed_inout()[2] = 4;
+    EXPECT_EQ(g->_boxed_in()[2], 4);
+    Obv::GridBox_var gc = Obv::GridBox::_downcast(g->_copy_value());
+    EXPECT_EQ(gc->_value()[0], 1);
+}
+
 TEST(ValueClasses, DefaultFactoriesAreRegisteredAtStart)
 {
     const struct {
@@ -374,6 +416,7 @@ TEST_P(ValuePathsTest, EveryDirectionAndPlace)
 
 TEST_P(ValuePathsTest, BoxesRecordsAndAbstractValues)
 {
+    const CORBA::Long cells[3] = {1, 2, 3};
     Obv::StringBox_var s = new Obv::StringBox("text");
     Obv::LongBox_var l = new Obv::LongBox(40);
     Obv::PairBox_var p;
@@ -385,6 +428,13 @@ TEST_P(ValuePathsTest, BoxesRecordsAndAbstractValues)
     EXPECT_EQ(l->_value(), 42);
     EXPECT_EQ(p->_value().a, 7);
     EXPECT_STREQ(p->_value().b, "text");
+
+    CORBA::ValueBase_var grid_back = graphs->anything(Obv::GridBox_var(new Obv::GridBox(cells)).in());
+    ASSERT_NE(Obv::GridBox::_downcast(grid_back.in()), nullptr);
+    EXPECT_EQ(Obv::GridBox::_downcast(grid_back.in())->_value()[2], 3);
+    CORBA::ValueBase_var word_back = graphs->anything(Obv::WordBox_var(new Obv::WordBox(L"word")).in());
+    ASSERT_NE(Obv::WordBox::_downcast(word_back.in()), nullptr);
+    EXPECT_EQ(std::wstring(Obv::WordBox::_downcast(word_back.in())->_value()), L"word");
 
     Obv::LongBox_var none;
     Obv::StringBox_var null_result = graphs->boxes(nullptr, none.inout(), p.out(), nullptr);
