@@ -29,8 +29,10 @@
 #define CXXPRINTER_H
 
 #include "CxxTextTemplate.h"
+#include "UTL_Indent.h"
 #include "YV_TextBuffer.h"
 
+#include <array>
 #include <exception>
 #include <initializer_list>
 #include <iosfwd>
@@ -40,8 +42,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-class UTL_Indent;
 
 class CxxPrinter {
 public:
@@ -61,6 +61,34 @@ public:
         std::size_t m_length;
     };
 
+    // A text handed on to be printed later or elsewhere (a separator, a
+    // closing text, a shape chosen among several): a literal keeps its
+    // pieces as a literal printed directly does; any other string is split
+    // at each print.
+    class Text {
+    public:
+        Text() = default;
+        template <std::size_t N>
+        Text(const char (&literal)[N]) : m_text(literal, N - 1), m_literal(true)
+        {
+        }
+        template <std::size_t N>
+        Text(char (&text)[N]) = delete;
+        Text(std::string_view text) : m_text(text) {}
+
+        std::string_view view() const { return m_text; }
+        bool empty() const { return m_text.empty(); }
+        // The kept template of a literal, else null.
+        const CxxTextTemplate* kept() const
+        {
+            return m_literal ? &CxxTextTemplate::of_literal(m_text.data(), m_text.size()) : nullptr;
+        }
+
+    private:
+        std::string_view m_text;
+        bool m_literal = false;
+    };
+
     // `at_line_start` says whether the stream stands at the start of a line
     // (false when the caller has already written part of the line).
     CxxPrinter(std::ostream& os, UTL_Indent& indent, bool at_line_start = true);
@@ -72,11 +100,12 @@ public:
     template <std::size_t N>
     void print(const char (&text)[N], Vars vars = {})
     {
-        write(CxxTextTemplate::of_literal(text, N - 1).pieces(), text, vars, true);
+        write(CxxTextTemplate::of_literal(text, N - 1), vars, true);
     }
     // A character array that is not const is no literal.
     template <std::size_t N>
     void print(char (&text)[N], Vars vars = {}) = delete;
+    void print(const Text& text, Vars vars = {});
 
     // Writes `text` with its values but without indentation: for the
     // pieces that the generated text fixes as unindented.
@@ -84,10 +113,11 @@ public:
     template <std::size_t N>
     void raw(const char (&text)[N], Vars vars = {})
     {
-        write(CxxTextTemplate::of_literal(text, N - 1).pieces(), text, vars, false);
+        write(CxxTextTemplate::of_literal(text, N - 1), vars, false);
     }
     template <std::size_t N>
     void raw(char (&text)[N], Vars vars = {}) = delete;
+    void raw(const Text& text, Vars vars = {});
     // Writes the indentation of the current level and goes on on that line
     // (a line that the fixed text gives as only its indentation, or a line
     // whose first piece another visitor writes).
@@ -105,16 +135,12 @@ public:
     // it.
     class Block {
     public:
-        // `close_template` is the kept template of `close` when that is a
-        // literal, else null.
-        Block(CxxPrinter& p, std::string_view close, const CxxTextTemplate* close_template = nullptr)
-            : m_printer(&p), m_close(close), m_close_template(close_template),
-              m_exceptions(std::uncaught_exceptions())
+        Block(CxxPrinter& p, Text close)
+            : m_printer(&p), m_close(close), m_exceptions(std::uncaught_exceptions())
         {
         }
         Block(Block&& other) noexcept
-            : m_printer(other.m_printer), m_close(other.m_close), m_close_template(other.m_close_template),
-              m_exceptions(other.m_exceptions)
+            : m_printer(other.m_printer), m_close(other.m_close), m_exceptions(other.m_exceptions)
         {
             other.m_printer = nullptr;
         }
@@ -125,8 +151,7 @@ public:
 
     private:
         CxxPrinter* m_printer;
-        std::string_view m_close;
-        const CxxTextTemplate* m_close_template;
+        Text m_close;
         int m_exceptions;
     };
     [[nodiscard]] Block block() { return block("{\n", "}\n"); }
@@ -135,7 +160,7 @@ public:
     {
         print(open, vars);
         indent();
-        return Block(*this, close, &CxxTextTemplate::of_literal(close, M - 1));
+        return Block(*this, close);
     }
     template <std::size_t N>
     [[nodiscard]] Block block(const char (&open)[N])
@@ -147,13 +172,13 @@ public:
     [[nodiscard]] Block deeper()
     {
         indent();
-        return Block(*this, std::string_view());
+        return Block(*this, Text());
     }
 
     // Writes `each(item)` for every item, `sep` between two (inline; each
     // call of `each` prints through this writer).
     template <class Range, class Each>
-    void list(const Range& items, std::string_view sep, Each each)
+    void list(const Range& items, const Text& sep, Each each)
     {
         bool first = true;
         for (const auto& item : items) {
@@ -169,9 +194,9 @@ public:
     // line one level deeper, then ")" and `tail` (e.g. ";\n" or
     // " override;\n"). Without parameters: "name()" and `tail`.
     void member(std::string_view result, std::string_view name, std::initializer_list<std::string> params,
-                std::string_view tail);
+                const Text& tail);
     template <class Range>
-    void member_of(std::string_view result, std::string_view name, const Range& params, std::string_view tail)
+    void member_of(std::string_view result, std::string_view name, const Range& params, const Text& tail)
     {
         const bool none = std::begin(params) == std::end(params);
         member_head(result, name, none);
@@ -187,8 +212,6 @@ public:
     UTL_Indent& level() const { return m_indent; }
 
 private:
-    using Pieces = std::vector<CxxTextTemplate::Piece>;
-
     // Text goes straight to the stream's buffer: emitters write millions of
     // short pieces, and the stream's per-call checks would cost more than
     // the copying. An output file's buffer is filled without a virtual call.
@@ -199,12 +222,23 @@ private:
         else
             m_buf->sputn(text, static_cast<std::streamsize>(size));
     }
-    void put_indentation();
-    void write(const Pieces& pieces, const char* text, Vars vars, bool indented);
+    void put_indentation()
+    {
+        const std::size_t n = static_cast<std::size_t>(m_indent.get_indent()) * UTL_Indent::WIDTH;
+        if (n <= blank_count)
+            put(s_blanks.data(), n);
+        else
+            put_deep_indentation(n);
+    }
+    void put_deep_indentation(std::size_t n);
+    void write(const CxxTextTemplate& text, Vars vars, bool indented);
     void substitute(std::string_view text, Vars vars, bool indented);
     void member_head(std::string_view result, std::string_view name, bool no_params);
     void member_param(std::string_view param, bool first);
-    void member_tail(bool no_params, std::string_view tail);
+    void member_tail(bool no_params, const Text& tail);
+
+    static constexpr std::size_t blank_count = 64 * UTL_Indent::WIDTH;
+    static const std::array<char, blank_count> s_blanks;
 
     std::ostream& m_os;
     std::streambuf* m_buf;
@@ -212,5 +246,18 @@ private:
     UTL_Indent& m_indent;
     bool m_line_start;
 };
+
+// Every library that prints literals includes this header. When it is
+// unloaded, the destructor of this object (one per source file) tells the
+// kept templates that addresses of literals may now hold other texts.
+namespace {
+struct CxxPrinterLibraryGuard {
+    CxxPrinterLibraryGuard() = default;
+    CxxPrinterLibraryGuard(const CxxPrinterLibraryGuard&) = delete;
+    CxxPrinterLibraryGuard& operator=(const CxxPrinterLibraryGuard&) = delete;
+    ~CxxPrinterLibraryGuard() { CxxTextTemplate::library_unloaded(); }
+};
+const CxxPrinterLibraryGuard cxx_printer_library_guard;
+} // namespace
 
 #endif

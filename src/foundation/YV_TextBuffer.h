@@ -8,6 +8,7 @@
 #ifndef YV_TEXTBUFFER_H
 #define YV_TEXTBUFFER_H
 
+#include <cstdint>
 #include <cstring>
 #include <streambuf>
 
@@ -16,10 +17,28 @@ public:
     void append(const char* text, std::size_t size)
     {
         if (size <= static_cast<std::size_t>(epptr() - pptr())) {
-            std::memcpy(pptr(), text, size);
+            copy(pptr(), text, size);
             pbump(static_cast<int>(size));
         } else {
             xsputn(text, static_cast<std::streamsize>(size));
+        }
+    }
+
+    // Copies `size` characters; most pieces are a few bytes long, and a
+    // library call per piece would cost more than the copy. Up to 16 bytes
+    // are moved as two words from each end (overlapping when shorter).
+    static void copy(char* to, const char* from, std::size_t size)
+    {
+        if (size > 16) {
+            std::memcpy(to, from, size);
+        } else if (size >= 8) {
+            copy_ends<std::uint64_t>(to, from, size);
+        } else if (size >= 4) {
+            copy_ends<std::uint32_t>(to, from, size);
+        } else if (size >= 2) {
+            copy_ends<std::uint16_t>(to, from, size);
+        } else if (size == 1) {
+            *to = *from;
         }
     }
 
@@ -30,6 +49,17 @@ public:
     // The text buffer behind `os` when it was put there by serve(), else
     // null (the stream's buffer is of another kind, or was replaced).
     static YV_TextBuffer* of(std::ostream& os);
+
+private:
+    template <class Word>
+    static void copy_ends(char* to, const char* from, std::size_t size)
+    {
+        Word head, tail;
+        std::memcpy(&head, from, sizeof head);
+        std::memcpy(&tail, from + size - sizeof tail, sizeof tail);
+        std::memcpy(to, &head, sizeof head);
+        std::memcpy(to + size - sizeof tail, &tail, sizeof tail);
+    }
 };
 
 #endif

@@ -84,8 +84,8 @@ long VE_POA_Impl_Interface::visit(AST_Decl* d)
 // Which lines of these definitions are indented and which start in the
 // first column is fixed; in files written at level 0 both look the same.
 
-void VE_POA_Impl_Interface::definition_head(CxxPrinter& p, std::string_view head, std::string_view params,
-                                            CxxPrinter::Vars vars)
+void VE_POA_Impl_Interface::definition_head(CxxPrinter& p, const CxxPrinter::Text& head,
+                                            const CxxPrinter::Text& params, CxxPrinter::Vars vars)
 {
     p.raw(head, vars);
     {

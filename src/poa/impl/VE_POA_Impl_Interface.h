@@ -111,7 +111,8 @@ private:
     // A definition's head as the skeleton members write it: `head` (the
     // result line and "<name>(") unindented, `params` one level deeper,
     // ")" and "{" unindented.
-    static void definition_head(CxxPrinter& p, std::string_view head, std::string_view params, CxxPrinter::Vars vars);
+    static void definition_head(CxxPrinter& p, const CxxPrinter::Text& head, const CxxPrinter::Text& params,
+                                CxxPrinter::Vars vars);
     // The "void" line and the name line that open a dispatch function.
     void output_dispatch_head(AST_Decl* d, const char* accessor);
     // The result's streamable pointer of a colocated body (no null test).

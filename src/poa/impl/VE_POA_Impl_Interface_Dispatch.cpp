@@ -245,7 +245,7 @@ void VE_POA_Impl_Interface::output_op_dispatch_local_declare_and_extract_variabl
     AST_Type* r = resolved_type(t);
 
     // $type$ is the type's text, $x$ the extraction.
-    const char* shape = nullptr;
+    CxxPrinter::Text shape;
     std::string type;
     switch (r->node_type()) {
     case AST_Decl::NT_string:
@@ -313,13 +313,13 @@ void VE_POA_Impl_Interface::output_op_dispatch_local_declare_and_extract_variabl
     default:
         break;
     }
-    if (shape && type.empty() && std::string_view(shape).find("$type$") != std::string_view::npos)
+    if (!shape.empty() && type.empty() && shape.view().find("$type$") != std::string_view::npos)
         type = fully_scoped(t);
 
     const std::string extract = yvstrmvar(name) + "->extract()";
     CxxPrinter p = printer();
     p.indentation();
-    if (shape)
+    if (!shape.empty())
         p.print(shape, {{"type", type}, {"name", name}, {"x", extract}});
     p.print("\n\n");
 }

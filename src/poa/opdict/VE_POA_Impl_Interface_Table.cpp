@@ -19,8 +19,8 @@
 
 namespace {
 
-const char* const LOOKUP_HEAD = "PortableServer::ServantBase::_YV_DispatcherPtr\n$skeleton$::_lookup_dispatcher(\n";
-const char* const LOOKUP_PARAMS = "const char* operation\n";
+const char LOOKUP_HEAD[] = "PortableServer::ServantBase::_YV_DispatcherPtr\n$skeleton$::_lookup_dispatcher(\n";
+const char LOOKUP_PARAMS[] = "const char* operation\n";
 
 } // namespace
 
