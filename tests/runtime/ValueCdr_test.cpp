@@ -3,6 +3,7 @@
 // encodings that must give MARSHAL. The value classes are written by hand
 // as generated value types implement the runtime's interface.
 #include <zantic_sys/yvcxx.h>
+#include <zantic_sys/YV_Cxx/AnyInsert.h>
 #include <zantic_sys/YV_Cxx/ValueMarshal.h>
 
 #include <gtest/gtest.h>
@@ -91,6 +92,58 @@ public:
     }
     Node_var extra;
     CORBA::Double weight = 0;
+};
+
+// Truncatable to Base, its own state starting with primitives.
+class Counted : public Base {
+public:
+    const char* const* _yv_type_ids(CORBA::ULong& count) const override
+    {
+        static const char* const ids[] = {"IDL:Test/Counted:1.0", "IDL:Test/Base:1.0"};
+        count = 2;
+        return ids;
+    }
+    CORBA::Boolean _yv_is_chunked() const override { return true; }
+    void _yv_marshal_state(YV_CDR::OutputStream& out) const override
+    {
+        Base::_yv_marshal_state(out);
+        out.write_long(count);
+        out.write_double(ratio);
+    }
+    void _yv_unmarshal_state(YV_CDR::InputStream& in) override
+    {
+        Base::_yv_unmarshal_state(in);
+        count = in.read_long();
+        ratio = in.read_double();
+    }
+    CORBA::Long count = 0;
+    CORBA::Double ratio = 0;
+};
+
+// Truncatable to Counted and Base; a sequence of shorts after Counted's
+// state.
+class Sampled : public Counted {
+public:
+    const char* const* _yv_type_ids(CORBA::ULong& count) const override
+    {
+        static const char* const ids[] = {"IDL:Test/Sampled:1.0", "IDL:Test/Counted:1.0", "IDL:Test/Base:1.0"};
+        count = 3;
+        return ids;
+    }
+    void _yv_marshal_state(YV_CDR::OutputStream& out) const override
+    {
+        Counted::_yv_marshal_state(out);
+        out.write_ulong(static_cast<CORBA::ULong>(samples.size()));
+        for (CORBA::Short v : samples)
+            out.write_short(v);
+    }
+    void _yv_unmarshal_state(YV_CDR::InputStream& in) override
+    {
+        Counted::_yv_unmarshal_state(in);
+        samples.resize(in.read_count(2));
+        in.read_array(samples.data(), samples.size());
+    }
+    std::vector<CORBA::Short> samples;
 };
 
 // A value box of string: made by the runtime, no factory needed.
@@ -372,6 +425,20 @@ Octets from_hex(const char* hex)
     return o;
 }
 
+// omniORB's octets of a node, then an any holding it.
+const char* const omni_any_be =
+    "7f ff ff 00 00 00 00 01 7f ff ff 00 00 00 00 02 00 00 00 00 00 00 00 00 ff ff ff ff ff ff ff ec 00 00 00 1d "
+    "00 00 00 72 01 00 00 00 12 00 00 00 49 44 4c 3a 54 65 73 74 2f 4e 6f 64 65 3a 31 2e 30 00 00 00 05 00 00 00 "
+    "4e 6f 64 65 00 00 00 00 00 00 00 00 03 00 00 00 06 00 00 00 6c 61 62 65 6c 00 00 00 03 00 00 00 00 00 00 00 "
+    "05 00 00 00 6c 65 66 74 00 00 00 00 ff ff ff ff a4 ff ff ff 00 00 00 00 06 00 00 00 72 69 67 68 74 00 00 00 "
+    "ff ff ff ff 8c ff ff ff 00 00 00 00 ff ff ff ff ff ff ff 60";
+const char* const omni_any_le =
+    "00 ff ff 7f 01 00 00 00 00 ff ff 7f 02 00 00 00 00 00 00 00 00 00 00 00 ff ff ff ff ec ff ff ff 1d 00 00 00 "
+    "72 00 00 00 01 d3 ff 0a 12 00 00 00 49 44 4c 3a 54 65 73 74 2f 4e 6f 64 65 3a 31 2e 30 00 a4 14 05 00 00 00 "
+    "4e 6f 64 65 00 00 00 00 00 00 00 00 03 00 00 00 06 00 00 00 6c 61 62 65 6c 00 00 00 03 00 00 00 00 00 00 00 "
+    "05 00 00 00 6c 65 66 74 00 00 00 00 ff ff ff ff a4 ff ff ff 00 00 00 00 06 00 00 00 72 69 67 68 74 00 00 00 "
+    "ff ff ff ff 8c ff ff ff 00 00 00 00 ff ff ff ff 60 ff ff ff";
+
 // omniORB's octets of a Derived with a node inside (formal type Base).
 const char* const omni_chunked_be =
     "7f ff ff 0e 00 00 00 02 00 00 00 15 49 44 4c 3a 54 65 73 74 2f 44 65 72 69 76 65 64 3a 31 2e 30 00 00 00 "
@@ -393,7 +460,9 @@ const char* const omni_chunked_le =
 // level of inheritance, null and indirections inside chunks.
 TEST(ValueCdr, ReadsWhatOmniOrbWrites)
 {
-    Factories factories{{"IDL:Test/Node:1.0", new Factory<Node>}, {"IDL:Test/Base:1.0", new Factory<Base>}};
+    Factories factories{{"IDL:Test/Node:1.0", new Factory<Node>},
+                        {"IDL:Test/Base:1.0", new Factory<Base>},
+                        {"IDL:Test/Counted:1.0", new Factory<Counted>}};
     std::unique_ptr<Factories> derived(new Factories{{"IDL:Test/Derived:1.0", new Factory<Derived>}});
     auto read_derived = [](YV_CDR::InputStream& in, bool with_extra) {
         YV_Cxx::Value_var<Base> b;
@@ -465,6 +534,22 @@ TEST(ValueCdr, ReadsWhatOmniOrbWrites)
          omni_chunked_be,
          omni_chunked_le,
          [&](YV_CDR::InputStream& in) { read_derived(in, true); }},
+        {"a level of inheritance starting a chunk with a primitive",
+         "7f ff ff 0e 00 00 00 02 00 00 00 15 49 44 4c 3a 54 65 73 74 2f 43 6f 75 6e 74 65 64 3a 31 2e 30 00 00 00 "
+         "00 00 00 00 12 49 44 4c 3a 54 65 73 74 2f 42 61 73 65 3a 31 2e 30 00 00 00 00 00 00 07 00 00 00 03 61 62 "
+         "00 00 00 00 00 0c 00 00 00 07 3f e0 00 00 00 00 00 00 ff ff ff ff",
+         "0e ff ff 7f 02 00 00 00 15 00 00 00 49 44 4c 3a 54 65 73 74 2f 43 6f 75 6e 74 65 64 3a 31 2e 30 00 00 00 "
+         "00 12 00 00 00 49 44 4c 3a 54 65 73 74 2f 42 61 73 65 3a 31 2e 30 00 00 00 07 00 00 00 03 00 00 00 61 62 "
+         "00 00 0c 00 00 00 07 00 00 00 00 00 00 00 00 00 e0 3f ff ff ff ff",
+         [](YV_CDR::InputStream& in) {
+             YV_Cxx::Value_var<Base> b;
+             YV_Cxx::Marshal<YV_Cxx::Value_var<Base>>::read(in, b);
+             Counted* c = dynamic_cast<Counted*>(b.in());
+             ASSERT_NE(c, nullptr);
+             EXPECT_EQ(c->name, "ab");
+             EXPECT_EQ(c->count, 7);
+             EXPECT_EQ(c->ratio, 0.5);
+         }},
         {"a string box twice",
          "7f ff ff 00 00 00 00 06 62 6f 78 65 64 00 00 00 ff ff ff ff ff ff ff ec",
          "00 ff ff 7f 06 00 00 00 62 6f 78 65 64 00 00 00 ff ff ff ff ec ff ff ff",
@@ -500,6 +585,255 @@ TEST(ValueCdr, ReadsWhatOmniOrbWrites)
     }
 }
 
+// Node's type code, as generated code defines it.
+extern const CORBA::TypeCode_ptr tc_Node;
+const CORBA::TypeCode::Member node_members[] = {
+    {"label", &CORBA::_tc_long, 0, 1}, {"left", &tc_Node, 0, 1}, {"right", &tc_Node, 0, 1}};
+CORBA::TypeCode node_tco = CORBA::TypeCode::yv_value("IDL:Test/Node:1.0", "Node", CORBA::VM_NONE, nullptr, node_members, 3);
+const CORBA::TypeCode_ptr tc_Node = &node_tco;
+typedef YV_Cxx::ValueStreamable<Node> NodeStreamable;
+
+// A value in an any: read as a value (sharing with what the message held
+// before, as omniORB writes it), written again in another byte order and
+// alignment, extracted with its shape, compared by state and shape.
+TEST(ValueCdr, ValuesTravelInAnys)
+{
+    Factories factories{{"IDL:Test/Node:1.0", new Factory<Node>}};
+    auto extract = [](const CORBA::Any& a) -> Node* {
+        Node* n = nullptr;
+        EXPECT_TRUE(YV_Cxx::any_extract_value<NodeStreamable>(a, tc_Node, n));
+        return n;
+    };
+    auto check_shape = [](const Node* n) {
+        ASSERT_NE(n, nullptr);
+        EXPECT_EQ(n->label, 1);
+        ASSERT_NE(n->left.in(), nullptr);
+        EXPECT_EQ(n->left.in(), n->right.in());
+        EXPECT_EQ(n->left->label, 2);
+    };
+    // omniORB's octets: a node, then an any whose value is an indirection
+    // to it.
+    for (bool little : {false, true}) {
+        SCOPED_TRACE(little ? "omniORB little-endian" : "omniORB big-endian");
+        const Octets data = from_hex(little ? omni_any_le : omni_any_be);
+        YV_CDR::InputStream in(data.data(), data.size(), little);
+        Node_var before;
+        YV_Cxx::Marshal<Node_var>::read(in, before);
+        CORBA::Any a;
+        YV_Cxx::Marshal<CORBA::Any>::read(in, a);
+        EXPECT_EQ(in.remaining(), 0u);
+        check_shape(extract(a));
+    }
+
+    Node_var root = new Node(1);
+    root->left = new Node(2);
+    root->right = root->left;
+    Node_var cycle = new Node(3);
+    cycle->left = cycle;
+    CORBA::Any typed, looped;
+    YV_Cxx::any_insert_shared<NodeStreamable>(typed, tc_Node, root.in());
+    YV_Cxx::any_insert_shared<NodeStreamable>(looped, tc_Node, cycle.in());
+    for (bool little : {false, true}) {
+        SCOPED_TRACE(little ? "little-endian" : "big-endian");
+        YV_CDR::OutputStream out(little);
+        YV_Cxx::Marshal<Node_var>::write(out, root);
+        YV_Cxx::Marshal<CORBA::Any>::write(out, typed);
+        YV_Cxx::Marshal<CORBA::Any>::write(out, looped);
+        YV_CDR::InputStream in(out.data(), out.size(), little);
+        Node_var before;
+        YV_Cxx::Marshal<Node_var>::read(in, before);
+        CORBA::Any received, received_loop;
+        YV_Cxx::Marshal<CORBA::Any>::read(in, received);
+        YV_Cxx::Marshal<CORBA::Any>::read(in, received_loop);
+        EXPECT_EQ(in.remaining(), 0u);
+        EXPECT_TRUE(received.yv_equal(typed));
+        EXPECT_FALSE(received.yv_equal(looped));
+
+        // Passed on in the other byte order, one octet further.
+        YV_CDR::OutputStream again(!little);
+        again.write_octet(7);
+        YV_Cxx::Marshal<CORBA::Any>::write(again, received);
+        YV_Cxx::Marshal<CORBA::Any>::write(again, received_loop);
+        YV_CDR::InputStream back(again.data(), again.size(), !little);
+        back.read_octet();
+        CORBA::Any copy, copy_loop;
+        YV_Cxx::Marshal<CORBA::Any>::read(back, copy);
+        YV_Cxx::Marshal<CORBA::Any>::read(back, copy_loop);
+        check_shape(extract(copy));
+        EXPECT_TRUE(copy.yv_equal(received));
+        EXPECT_TRUE(copy_loop.yv_equal(looped));
+        Node* loop = extract(copy_loop);
+        ASSERT_NE(loop, nullptr);
+        EXPECT_EQ(loop->label, 3);
+        EXPECT_EQ(loop->left.in(), loop);
+        cut(loop);
+        cut(extract(received_loop));
+    }
+    // A different state is a different value.
+    Node_var other = new Node(1);
+    other->left = new Node(2);
+    other->right = new Node(2);
+    CORBA::Any unshared;
+    YV_Cxx::any_insert_shared<NodeStreamable>(unshared, tc_Node, other.in());
+    EXPECT_FALSE(unshared.yv_equal(typed));
+    cut(cycle.in());
+}
+
+// One Sampled value in chunks broken between any two of its primitive
+// values, the padding before the break at the end of the chunk or at the
+// start of the next: every way reads the same value, whole or truncated to
+// Counted.
+TEST(ValueCdr, ChunksMayEndBetweenAnyTwoPrimitives)
+{
+    Factories factories{{"IDL:Test/Counted:1.0", new Factory<Counted>}};
+    const std::vector<std::function<void(YV_CDR::OutputStream&)>> items = {
+        [](YV_CDR::OutputStream& o) { o.write_ulong(4); },
+        [](YV_CDR::OutputStream& o) { o.write_octet_array(reinterpret_cast<const CORBA::Octet*>("abc"), 4); },
+        [](YV_CDR::OutputStream& o) { o.write_long(7); },
+        [](YV_CDR::OutputStream& o) { o.write_double(0.5); },
+        [](YV_CDR::OutputStream& o) { o.write_ulong(3); },
+        [](YV_CDR::OutputStream& o) { o.write_short(-1); },
+        [](YV_CDR::OutputStream& o) { o.write_short(2); },
+        [](YV_CDR::OutputStream& o) { o.write_short(300); },
+    };
+    const std::size_t alignment[] = {4, 1, 4, 8, 4, 2, 2, 2};
+    for (bool whole : {true, false}) {
+        std::unique_ptr<Factories> sampled;
+        if (whole)
+            sampled.reset(new Factories{{"IDL:Test/Sampled:1.0", new Factory<Sampled>}});
+        for (unsigned breaks = 0; breaks < (1u << (items.size() - 1)); ++breaks) {
+            for (bool pad_in_chunk : {false, true}) {
+                for (bool little : {false, true}) {
+                    SCOPED_TRACE(std::to_string(breaks) + (pad_in_chunk ? " padded" : "") + (little ? " le" : " be") +
+                                 (whole ? " whole" : " truncated"));
+                    YV_CDR::OutputStream out(little);
+                    out.write_ulong(0x7fffff0e);
+                    out.write_ulong(3);
+                    for (const char* id : {"IDL:Test/Sampled:1.0", "IDL:Test/Counted:1.0", "IDL:Test/Base:1.0"})
+                        out.write_string(id);
+                    std::size_t size_at = out.reserve_ulong();
+                    for (std::size_t i = 0; i < items.size(); ++i) {
+                        if (i > 0 && (breaks & (1u << (i - 1))) != 0) {
+                            if (pad_in_chunk)
+                                out.align(alignment[i]);
+                            out.patch_ulong(size_at, static_cast<CORBA::ULong>(out.size() - size_at - 4));
+                            size_at = out.reserve_ulong();
+                        }
+                        items[i](out);
+                    }
+                    out.patch_ulong(size_at, static_cast<CORBA::ULong>(out.size() - size_at - 4));
+                    out.write_long(-1);
+
+                    YV_CDR::InputStream in(out.data(), out.size(), little);
+                    YV_Cxx::Value_var<Base> b;
+                    YV_Cxx::Marshal<YV_Cxx::Value_var<Base>>::read(in, b);
+                    EXPECT_EQ(in.remaining(), 0u);
+                    Counted* c = dynamic_cast<Counted*>(b.in());
+                    ASSERT_NE(c, nullptr);
+                    EXPECT_EQ(c->name, "abc");
+                    EXPECT_EQ(c->count, 7);
+                    EXPECT_EQ(c->ratio, 0.5);
+                    Sampled* s = dynamic_cast<Sampled*>(b.in());
+                    EXPECT_EQ(s != nullptr, whole);
+                    if (s != nullptr) {
+                        EXPECT_EQ(s->samples, (std::vector<CORBA::Short>{-1, 2, 300}));
+                    }
+                }
+            }
+        }
+    }
+}
+
+// Our encoding of a truncatable value: its whole state in one chunk
+// (omniORB reads these octets: value_vectors' read-counted).
+TEST(ValueCdr, WritesTruncatableStateInOneChunk)
+{
+    Counted* c = new Counted;
+    c->name = "ab";
+    c->count = 7;
+    c->ratio = 0.5;
+    YV_Cxx::Value_var<Base> v = c;
+    YV_CDR::OutputStream out(false);
+    YV_Cxx::Marshal<YV_Cxx::Value_var<Base>>::write(out, v);
+    EXPECT_EQ(Octets(out.data(), out.data() + out.size()),
+              from_hex("7f ff ff 0e 00 00 00 02 00 00 00 15 49 44 4c 3a 54 65 73 74 2f 43 6f 75 6e 74 65 64 3a 31 2e 30 "
+                       "00 00 00 00 00 00 00 12 49 44 4c 3a 54 65 73 74 2f 42 61 73 65 3a 31 2e 30 00 00 00 00 00 00 18 "
+                       "00 00 00 03 61 62 00 00 00 00 00 07 00 00 00 00 3f e0 00 00 00 00 00 00 ff ff ff ff"));
+}
+
+// An abstract interface, a value type supporting it and the interface's
+// proxy, written by hand as generated code implements them.
+class Shape : public virtual CORBA::AbstractBase {
+public:
+    static Shape* _yv_from_object(CORBA::Object_ptr obj);
+};
+class Square : public virtual Shape, public StringBox {
+public:
+    CORBA::ValueBase* _yv_value() override { return this; }
+};
+class ShapeProxy : public virtual Shape, public virtual CORBA::Object {
+public:
+    explicit ShapeProxy(CORBA::Object_ptr target) : CORBA::Object(target) {}
+    CORBA::Object_ptr _yv_object() override { return this; }
+};
+Shape* Shape::_yv_from_object(CORBA::Object_ptr obj) { return new ShapeProxy(obj); }
+
+TEST(ValueCdr, AbstractInterfacesAreAnObjectOrAValue)
+{
+    Factories factories{{"IDL:Test/StringBox:1.0", new Factory<Square>}};
+    Square* square = new Square;
+    square->text = CORBA::string_dup("four");
+    CORBA::AbstractBase_var as_value = static_cast<Shape*>(square);
+    CORBA::Object_var target = orb()->string_to_object("corbaloc::127.0.0.1:9/shape");
+    CORBA::AbstractBase_var as_object = static_cast<Shape*>(new ShapeProxy(target));
+    const CORBA::String_var ior = orb()->object_to_string(target);
+
+    // Counting goes to what it is.
+    CORBA::AbstractBase::_duplicate(as_value.in());
+    EXPECT_EQ(square->_refcount_value(), 2u);
+    CORBA::release(as_value.in());
+    EXPECT_EQ(square->_refcount_value(), 1u);
+    CORBA::ValueBase_var v = as_value->_to_value();
+    EXPECT_EQ(v.in(), static_cast<CORBA::ValueBase*>(square));
+    EXPECT_EQ(as_value->_to_object(), nullptr);
+    CORBA::Object_var o = as_object->_to_object();
+    EXPECT_NE(o.in(), nullptr);
+    EXPECT_EQ(as_object->_to_value(), nullptr);
+    EXPECT_TRUE(CORBA::is_nil(CORBA::AbstractBase::_nil()));
+
+    for (bool little : {false, true}) {
+        SCOPED_TRACE(little ? "little-endian" : "big-endian");
+        YV_CDR::OutputStream out(little);
+        YV_Cxx::write_abstract(out, as_value.in());
+        YV_Cxx::write_abstract(out, as_object.in());
+        YV_Cxx::write_abstract(out, nullptr);
+        const Octets start(out.data(), out.data() + 8);
+        EXPECT_EQ(start, little ? from_hex("00 00 00 00 02 ff ff 7f") : from_hex("00 00 00 00 7f ff ff 02"));
+
+        YV_CDR::InputStream in(out.data(), out.size(), little);
+        CORBA::AbstractBase_var value_back = YV_Cxx::read_abstract_as<Shape>(in);
+        CORBA::AbstractBase_var object_back = YV_Cxx::read_abstract_as<Shape>(in);
+        CORBA::AbstractBase_var nil_back = YV_Cxx::read_abstract_as<Shape>(in);
+        EXPECT_EQ(in.remaining(), 0u);
+        Square* s = dynamic_cast<Square*>(value_back.in());
+        ASSERT_NE(s, nullptr);
+        EXPECT_STREQ(s->text.in(), "four");
+        ASSERT_NE(dynamic_cast<ShapeProxy*>(object_back.in()), nullptr);
+        CORBA::Object_var back = object_back->_to_object();
+        const CORBA::String_var back_ior = orb()->object_to_string(back);
+        EXPECT_STREQ(back_ior.in(), ior.in());
+        EXPECT_TRUE(CORBA::is_nil(nil_back.in()));
+    }
+    // A value of a class that does not support the interface.
+    YV_CDR::OutputStream out;
+    out.write_boolean(false);
+    Node_var node = new Node(1);
+    YV_Cxx::Marshal<Node_var>::write(out, node);
+    YV_CDR::InputStream in(out.data(), out.size(), out.little_endian());
+    Factories nodes{{"IDL:Test/Node:1.0", new Factory<Node>}};
+    EXPECT_THROW(YV_Cxx::read_abstract_as<Shape>(in), CORBA::MARSHAL);
+}
+
 // Big-endian octets built by hand.
 struct Bytes {
     Octets o;
@@ -523,7 +857,9 @@ struct Bytes {
 
 TEST(ValueCdr, MalformedEncodingsAreMarshalErrors)
 {
-    Factories factories{{"IDL:Test/Node:1.0", new Factory<Node>}, {"IDL:Test/Base:1.0", new Factory<Base>}};
+    Factories factories{{"IDL:Test/Node:1.0", new Factory<Node>},
+                        {"IDL:Test/Base:1.0", new Factory<Base>},
+                        {"IDL:Test/Counted:1.0", new Factory<Counted>}};
     const char* node = "IDL:Test/Node:1.0";
     const char* derived = "IDL:Test/Derived:1.0";
     const struct {
@@ -553,6 +889,12 @@ TEST(ValueCdr, MalformedEncodingsAreMarshalErrors)
         {"null overrunning its chunk",
          Bytes().l(0x7fffff0e).l(2).s(derived).s("IDL:Test/Base:1.0").l(10).s("abc").l(0).l(0).o},
         {"unknown type", Bytes().l(0x7fffff02).s("IDL:Test/Nothing:1.0").l(1).o},
+        {"chunk ending inside a primitive",
+         Bytes().l(0x7fffff0e).l(2).s("IDL:Test/Counted:1.0").s("IDL:Test/Base:1.0").l(10).s("abc").l(0).l(2).l(7).l(12).l(0).l(0).l(0xffffffff).o},
+        {"chunk of size 0",
+         Bytes().l(0x7fffff0e).l(2).s("IDL:Test/Counted:1.0").s("IDL:Test/Base:1.0").l(8).s("abc").l(0).l(16).l(7).l(0).l(0).l(0).l(0xffffffff).o},
+        {"end tag where state goes on",
+         Bytes().l(0x7fffff0e).l(2).s("IDL:Test/Counted:1.0").s("IDL:Test/Base:1.0").l(8).s("abc").l(0xffffffff).o},
         {"no end tag", Bytes().l(0x7fffff0a).s("IDL:Test/Base:1.0").l(8).s("abc").o},
     };
     for (const auto& c : cases) {

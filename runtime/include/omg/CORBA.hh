@@ -5,6 +5,7 @@
 #ifndef YV_RT_OMG_CORBA_HH
 #define YV_RT_OMG_CORBA_HH
 
+#include "../zantic_sys/CORBA/AbstractBase.h"
 #include "../zantic_sys/CORBA/Any.h"
 #include "../zantic_sys/CORBA/Exception.h"
 #include "../zantic_sys/CORBA/Fixed.h"

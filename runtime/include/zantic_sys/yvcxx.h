@@ -23,6 +23,7 @@
 #define YV_RT_YVCXX_H
 
 #include "../omg/CORBA.hh"
+#include "YV_Cxx/AbstractMarshal.h"
 #include "YV_Cxx/AnyStreamable.h"
 #include "YV_Cxx/ArrayMarshal.h"
 #include "YV_Cxx/ArrayStreamable.h"

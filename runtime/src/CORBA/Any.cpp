@@ -2,6 +2,7 @@
 
 #include "../YV_TC/EncodedValue.h"
 #include "../YV_TC/TypeCodeGraph.h"
+#include "../YV_TC/TypeCodeValue.h"
 #include "../YV_TC/ValueComparer.h"
 #include "../YV_TC/ValueTranscoder.h"
 #include "omg/CORBA.hh"
@@ -14,6 +15,7 @@
 #include "zantic_sys/YV_Cxx/BasicStreamable.h"
 #include "zantic_sys/YV_Cxx/BasicStringStreamable.h"
 #include "zantic_sys/YV_Cxx/RefStreamable.h"
+#include "zantic_sys/YV_Cxx/ValueMarshal.h"
 
 #include <cstring>
 #include <cwchar>
@@ -274,7 +276,7 @@ void Any::yv_keep(std::unique_ptr<YV_Streamable> s)
 
 YV_CDR::InputStream Any::yv_value_stream(YV_CDR::OutputStream& scratch) const
 {
-    if (m_encoded != nullptr)
+    if (m_encoded != nullptr && !m_encoded->values_apart)
         return m_encoded->stream();
     yv_write_value(scratch);
     YV_CDR::InputStream in(scratch.data(), scratch.size(), scratch.little_endian());
@@ -307,6 +309,13 @@ void Any::yv_write_value(YV_CDR::OutputStream& out) const
     if (m_encoded == nullptr)
         throw MARSHAL(0, COMPLETED_NO);
     const YV_TC::EncodedValue& e = *m_encoded;
+    if (e.values_apart) {
+        YV_CDR::InputStream in = e.stream();
+        YV_TC::ValueTranscoder t(in, &out);
+        t.emit_values(e.values);
+        t.value(m_type);
+        return;
+    }
     const std::size_t at = (out.size() - out.alignment_base()) & 7;
     if (e.little_endian == out.little_endian() && e.phase == at && e.giop_minor == out.giop_minor()) {
         if (!e.octets.empty())
@@ -528,6 +537,23 @@ void Marshal<CORBA::Any>::read(YV_CDR::InputStream& in, CORBA::Any& v)
         return;
     }
     std::shared_ptr<YV_TC::EncodedValue> value = std::make_shared<YV_TC::EncodedValue>();
+    if (YV_TC::ValueTranscoder::may_hold_values(tc.in())) {
+        // Values read as values (sharing with the rest of the message), the
+        // rest transcoded as this host writes it.
+        YV_CDR::OutputStream rest;
+        rest.giop_minor(in.giop_minor());
+        YV_TC::ValueTranscoder t(in, &rest);
+        t.collect_values(value->values);
+        t.value(tc.in());
+        // The any holds them from now on.
+        YV_Cxx::disown_read_values(in, &YV_TC::TypeCodeValue::is);
+        value->values_apart = true;
+        value->little_endian = rest.little_endian();
+        value->giop_minor = rest.giop_minor();
+        value->octets.assign(rest.data(), rest.data() + rest.size());
+        v.yv_set_encoded(tc.in(), std::move(value));
+        return;
+    }
     value->little_endian = in.little_endian();
     value->phase = (in.offset() + in.phase()) & 7;
     value->giop_minor = in.giop_minor();

@@ -11,8 +11,68 @@ namespace YV_CDR {
 
 void InputStream::fail(CORBA::ULong minor) { throw CORBA::MARSHAL(minor, CORBA::COMPLETED_NO); }
 
+const unsigned char* InputStream::take_chunked(std::size_t alignment, std::size_t n)
+{
+    if (!m_chunking)
+        fail(minor_end_of_data);
+    for (;;) {
+        const std::size_t pad = (alignment - ((offset() + m_phase) & (alignment - 1))) & (alignment - 1);
+        if (m_chunk_end != nullptr) {
+            const std::ptrdiff_t left = m_chunk_end - m_cur;
+            if (left >= 0 && static_cast<std::size_t>(left) >= pad + n) {
+                const unsigned char* p = m_cur + pad;
+                m_cur = p + n;
+                return p;
+            }
+            // Only padding may lie between the value and the chunk's end.
+            if (left < 0 || static_cast<std::size_t>(left) > pad)
+                fail(minor_bad_length);
+            m_cur = m_chunk_end;
+        } else if (n == 0) {
+            // Aligning between chunks waits for the chunk the next read enters.
+            return m_cur;
+        }
+        // The next chunk's size: 4-aligned, outside every chunk.
+        const std::size_t size_pad = (4 - ((offset() + m_phase) & 3)) & 3;
+        if (size_pad + 4 > remaining())
+            fail(minor_end_of_data);
+        m_cur += size_pad;
+        const CORBA::Long size = static_cast<CORBA::Long>(load<std::uint32_t>(m_cur, m_little != native_little_endian));
+        m_cur += 4;
+        if (size <= 0 || size >= 0x7fffff00 || static_cast<std::size_t>(size) > remaining())
+            fail(minor_bad_length);
+        in_chunk(m_cur + size);
+    }
+}
+
+void InputStream::read_split(void* v, std::size_t n, std::size_t size)
+{
+    unsigned char* out = static_cast<unsigned char*>(v);
+    const bool swap = m_little != native_little_endian;
+    for (std::size_t i = 0; i < n; ++i, out += size) {
+        const unsigned char* p = static_cast<std::ptrdiff_t>(size) > m_limit - m_cur ? take_chunked(size, size) : take(size);
+        if (size == 1) {
+            *out = *p;
+        } else if (size == 2) {
+            const std::uint16_t bits = load<std::uint16_t>(p, swap);
+            std::memcpy(out, &bits, size);
+        } else if (size == 4) {
+            const std::uint32_t bits = load<std::uint32_t>(p, swap);
+            std::memcpy(out, &bits, size);
+        } else {
+            const std::uint64_t bits = load<std::uint64_t>(p, swap);
+            std::memcpy(out, &bits, size);
+        }
+    }
+}
+
 void InputStream::read_boolean_array(CORBA::Boolean* v, std::size_t n)
 {
+    if (m_chunking && static_cast<std::ptrdiff_t>(n) > m_limit - m_cur) {
+        for (std::size_t i = 0; i < n; ++i)
+            v[i] = read_boolean();
+        return;
+    }
     const unsigned char* p = take(n);
     for (std::size_t i = 0; i < n; ++i) {
         if (p[i] > 1)
@@ -30,12 +90,12 @@ char* InputStream::read_string(CORBA::ULong bound)
         fail(minor_bad_length);
     if (bound != 0 && length - 1 > bound)
         fail(minor_bound);
-    const unsigned char* p = take(length);
-    if (p[length - 1] != 0)
+    std::unique_ptr<char[], void (*)(char*)> s(CORBA::string_alloc(length - 1), CORBA::string_free);
+    // The characters may lie in several chunks of a chunked value.
+    read_octet_array(reinterpret_cast<CORBA::Octet*>(s.get()), length);
+    if (s[length - 1] != 0)
         fail(minor_bad_string);
-    char* s = CORBA::string_alloc(length - 1);
-    std::memcpy(s, p, length);
-    return s;
+    return s.release();
 }
 
 CORBA::LongDouble InputStream::read_longdouble()

@@ -7,6 +7,7 @@
 #include "zantic_sys/YV_CDR/OutputStream.h"
 
 #include <cstring>
+#include <functional>
 #include <string>
 #include <utility>
 #include <unordered_map>
@@ -105,21 +106,23 @@ struct ReadState {
     ~ReadState()
     {
         for (auto& entry : values)
-            entry.second->_remove_ref();
+            if (disowned.count(entry.second) == 0)
+                entry.second->_remove_ref();
     }
 
-    // Values by the position of their tag (the table keeps a reference).
+    // Values by the position of their tag (the table keeps a reference,
+    // but to those disowned).
     std::unordered_map<const unsigned char*, CORBA::ValueBase*> values;
+    std::unordered_set<CORBA::ValueBase*> disowned;
     // Values skipped inside the truncated part of others.
     std::unordered_set<const unsigned char*> skipped;
     // Repository ids and codebases, and id lists, by position.
     std::unordered_map<const unsigned char*, std::string> strings;
     std::unordered_map<const unsigned char*, std::vector<std::string>> lists;
     unsigned depth = 0;
-    // Chunk nesting level of the value being read (0: not chunked).
+    // Chunk nesting level of the value being read (0: not chunked). The
+    // chunk being read is the stream's (InputStream::in_chunk).
     CORBA::Long level = 0;
-    // The end of the chunk being read, or null between chunks.
-    const unsigned char* chunk_end = nullptr;
     // The level an end tag read for an inner value closed down to (it ends
     // the enclosing values too), or 0.
     CORBA::Long closed_to = 0;
@@ -184,44 +187,53 @@ std::vector<std::string> read_id_list(YV_CDR::InputStream& in, ReadState& st)
     return ids;
 }
 
-// Between chunks of a chunked value: when a chunk size comes next, enters
-// that chunk; otherwise (a value tag, null, indirection or end tag) leaves
-// the octets for whoever reads them.
-void enter_chunk(YV_CDR::InputStream& in, ReadState& st)
+// Between chunks of a chunked value (after its header or a nested value):
+// when a chunk size comes next, enters that chunk; otherwise (a value tag,
+// null, indirection or end tag) leaves the octets for whoever reads them,
+// and the stream enters the next chunk when state is read.
+void enter_chunk(YV_CDR::InputStream& in)
 {
-    st.chunk_end = nullptr;
-    if (in.remaining() < 4)
-        return;
-    const unsigned char* at = in.cursor();
-    const CORBA::Long size = in.read_long();
-    if (size > 0 && static_cast<CORBA::ULong>(size) < tag_base) {
-        if (static_cast<std::size_t>(size) > in.remaining())
-            YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
-        st.chunk_end = in.cursor() + size;
-        return;
+    in.not_chunked();
+    if (in.remaining() >= 4) {
+        const unsigned char* at = in.cursor();
+        const CORBA::Long size = in.read_long();
+        if (size > 0 && static_cast<CORBA::ULong>(size) < tag_base) {
+            if (static_cast<std::size_t>(size) > in.remaining())
+                YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
+            in.in_chunk(in.cursor() + size);
+            return;
+        }
+        in.seek(at);
     }
-    in.seek(at);
+    in.in_chunk(nullptr);
 }
 
 // Before a value's tag inside a chunked value: true when the tag lies in a
-// chunk (the one being read, or one that opens here); false when the
-// chunk being read ends here (padding before a tag may be counted in the
-// chunk or not) and no chunk opens.
-bool enter_chunk_for_tag(YV_CDR::InputStream& in, ReadState& st)
+// chunk (the one being read, or one that opens here); false, with the
+// stream outside chunks, when the chunk being read ends here (padding
+// before a tag may be counted in the chunk or not) and no chunk opens.
+bool enter_chunk_for_tag(YV_CDR::InputStream& in)
 {
-    if (st.chunk_end != nullptr) {
-        if (in.cursor() > st.chunk_end)
+    const unsigned char* end = in.chunk_end();
+    in.not_chunked();
+    if (end != nullptr) {
+        if (in.cursor() > end)
             YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
-        if (in.cursor() != st.chunk_end) {
+        if (in.cursor() != end) {
             in.align(4);
-            if (in.cursor() > st.chunk_end)
+            if (in.cursor() > end)
                 YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
-            if (in.cursor() < st.chunk_end)
+            if (in.cursor() < end) {
+                in.in_chunk(end);
                 return true;
+            }
         }
     }
-    enter_chunk(in, st);
-    return st.chunk_end != nullptr;
+    enter_chunk(in);
+    if (in.chunk_end() != nullptr)
+        return true;
+    in.not_chunked();
+    return false;
 }
 
 // Holds one reference to a value until handed out.
@@ -250,10 +262,13 @@ bool has_id(const CORBA::ValueBase* v, const std::string& id)
     return n != 0 && id == ids[0];
 }
 
-// The caller's expectation of a value.
+// The caller's expectation of a value: the formal type's id, what makes
+// an instance of it, and whether factories registered for the ids received
+// come first.
 struct Formal {
     const char* id;
-    CORBA::ValueBase* (*make)();
+    std::function<CORBA::ValueBase*()> make;
+    bool factories;
 };
 
 // An instance for the first id something here can make; `index` tells
@@ -270,7 +285,8 @@ CORBA::ValueBase* make_instance(std::vector<std::string> ids, const Formal& form
         return made.release();
     }
     for (index = 0; index < ids.size(); ++index) {
-        CORBA::ValueFactoryBase_var factory = ValueFactoryRegistry::instance().find(ids[index].c_str());
+        CORBA::ValueFactoryBase_var factory =
+            formal.factories ? ValueFactoryRegistry::instance().find(ids[index].c_str()) : nullptr;
         if (factory.in() != nullptr) {
             if (CORBA::ValueBase* v = factory->create_for_unmarshal())
                 return v;
@@ -312,11 +328,12 @@ void finish_chunked(YV_CDR::InputStream& in, ReadState& st)
                 st.closed_to = 0;
             return;
         }
-        if (st.chunk_end != nullptr) {
-            if (in.cursor() > st.chunk_end)
+        const unsigned char* end = in.chunk_end();
+        in.not_chunked();
+        if (end != nullptr) {
+            if (in.cursor() > end)
                 YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
-            in.skip(static_cast<std::size_t>(st.chunk_end - in.cursor()));
-            st.chunk_end = nullptr;
+            in.skip(static_cast<std::size_t>(end - in.cursor()));
         }
         in.align(4);
         const unsigned char* at = in.cursor();
@@ -326,7 +343,7 @@ void finish_chunked(YV_CDR::InputStream& in, ReadState& st)
         // follows.
         if (tag == -1 && refers_to_value(in, st)) {
             in.seek(at);
-            CORBA::remove_ref(read_value_at(in, st, Formal{nullptr, nullptr}, true));
+            CORBA::remove_ref(read_value_at(in, st, Formal{nullptr, nullptr, true}, true));
             continue;
         }
         if (tag < 0) {
@@ -339,12 +356,12 @@ void finish_chunked(YV_CDR::InputStream& in, ReadState& st)
         }
         if (tag > 0 && static_cast<CORBA::ULong>(tag) < tag_base) {
             in.seek(at);
-            enter_chunk(in, st);
+            enter_chunk(in);
             continue;
         }
         // A nested value of the part skipped.
         in.seek(at);
-        CORBA::remove_ref(read_value_at(in, st, Formal{nullptr, nullptr}, true));
+        CORBA::remove_ref(read_value_at(in, st, Formal{nullptr, nullptr, true}, true));
     }
 }
 
@@ -353,11 +370,13 @@ CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, const Fo
     const bool nested_in_chunks = st.level > 0;
     // Inside a chunked value, null and indirections may lie inside a chunk
     // (as omniORB writes them); a value's header lies between chunks.
-    const bool inside = nested_in_chunks && enter_chunk_for_tag(in, st);
+    const bool inside = nested_in_chunks && enter_chunk_for_tag(in);
+    // The chunk a null or indirection lies in: the whole tag inside it.
+    const unsigned char* const chunk = in.chunk_end();
     in.align(4);
     const unsigned char* at = in.cursor();
     const CORBA::ULong tag = in.read_ulong();
-    if (inside && ((tag != null_tag && tag != indirection_tag) || in.cursor() > st.chunk_end))
+    if (inside && ((tag != null_tag && tag != indirection_tag) || in.chunk_end() != chunk))
         YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
 
     CORBA::ValueBase* result = nullptr;
@@ -404,7 +423,7 @@ CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, const Fo
         ++st.depth;
         if (chunked) {
             ++st.level;
-            enter_chunk(in, st);
+            enter_chunk(in);
         }
         if (made != nullptr)
             made->_yv_unmarshal_state(in);
@@ -417,10 +436,15 @@ CORBA::ValueBase* read_value_at(YV_CDR::InputStream& in, ReadState& st, const Fo
     }
     // Held while what follows may still fail.
     Held held(result);
-    if (inside && in.cursor() > st.chunk_end)
+    if (inside && in.chunk_end() != chunk)
         YV_CDR::InputStream::fail(YV_CDR::minor_bad_length);
-    if (nested_in_chunks && !inside && st.closed_to == 0)
-        enter_chunk(in, st);
+    if (nested_in_chunks && !inside) {
+        if (st.closed_to == 0)
+            enter_chunk(in);
+        else
+            // The end tag closed the enclosing value too: no state follows.
+            in.in_chunk(nullptr);
+    }
     return held.release();
 }
 
@@ -470,7 +494,24 @@ void write_value(YV_CDR::OutputStream& out, const CORBA::ValueBase* v)
 
 CORBA::ValueBase* read_value(YV_CDR::InputStream& in, const char* formal_id, CORBA::ValueBase* (*make)())
 {
-    return read_value_at(in, read_state(in), Formal{formal_id, make}, false);
+    return read_value_at(in, read_state(in), Formal{formal_id, make != nullptr ? make : std::function<CORBA::ValueBase*()>(), true},
+                         false);
+}
+
+void disown_read_values(YV_CDR::InputStream& in, bool (*which)(CORBA::ValueBase*))
+{
+    ReadState& st = read_state(in);
+    for (auto& entry : st.values)
+        if (st.disowned.count(entry.second) == 0 && which(entry.second)) {
+            st.disowned.insert(entry.second);
+            entry.second->_remove_ref();
+        }
+}
+
+CORBA::ValueBase* read_value_made(YV_CDR::InputStream& in, const char* formal_id,
+                                  const std::function<CORBA::ValueBase*()>& make)
+{
+    return read_value_at(in, read_state(in), Formal{formal_id, make, false}, false);
 }
 
 void end_base_state(YV_CDR::OutputStream& out)
@@ -482,11 +523,6 @@ void end_base_state(YV_CDR::OutputStream& out)
     }
 }
 
-void end_base_state(YV_CDR::InputStream& in)
-{
-    ReadState& st = read_state(in);
-    if (st.level > 0 && st.closed_to == 0 && (st.chunk_end == nullptr || in.cursor() == st.chunk_end))
-        enter_chunk(in, st);
-}
+void end_base_state(YV_CDR::InputStream&) {}
 
 } // namespace YV_Cxx

@@ -1,8 +1,10 @@
 #include "ValueComparer.h"
 
 #include "Discriminator.h"
+#include "TypeCodeValue.h"
 #include "ValueTranscoder.h"
 #include "omg/CORBA.hh"
+#include "zantic_sys/YV_Cxx/ValueMarshal.h"
 
 #include <algorithm>
 #include <cstring>
@@ -104,6 +106,28 @@ bool ValueComparer::long_doubles()
     return std::memcmp(a, b, 16) == 0;
 }
 
+// Two values (with what they reach) are equal when they encode alike in
+// one byte order and alignment: the encoding tells the shape of the graph
+// (indirections) as well as the state.
+ValueComparer::~ValueComparer()
+{
+    for (const auto& v : m_read)
+        TypeCodeValue::cut(v.in());
+}
+
+bool ValueComparer::values(CORBA::TypeCode_ptr tc)
+{
+    const YV_Cxx::Value_var<CORBA::ValueBase> a = TypeCodeValue::read(m_a, tc);
+    const YV_Cxx::Value_var<CORBA::ValueBase> b = TypeCodeValue::read(m_b, tc);
+    YV_CDR::OutputStream ea;
+    YV_CDR::OutputStream eb;
+    YV_Cxx::write_value(ea, a.in());
+    YV_Cxx::write_value(eb, b.in());
+    m_read.push_back(a);
+    m_read.push_back(b);
+    return ea.size() == eb.size() && std::memcmp(ea.data(), eb.data(), ea.size()) == 0;
+}
+
 bool ValueComparer::walk(CORBA::TypeCode_ptr tc, unsigned depth)
 {
     if (depth > InputStream::max_nesting)
@@ -189,8 +213,13 @@ bool ValueComparer::walk(CORBA::TypeCode_ptr tc, unsigned depth)
     case CORBA::tk_alias: return walk(tc->yv_content(), depth + 1);
     case CORBA::tk_value:
     case CORBA::tk_value_box:
-    case CORBA::tk_abstract_interface:
-        throw CORBA::NO_IMPLEMENT(0, CORBA::COMPLETED_NO);
+        return values(tc);
+    case CORBA::tk_abstract_interface: {
+        const CORBA::Boolean a = m_a.read_boolean();
+        if (a != m_b.read_boolean())
+            return false;
+        return a ? object_references() : values(tc);
+    }
     default:
         InputStream::fail(YV_CDR::minor_bad_typecode);
     }

@@ -1,13 +1,17 @@
 #include "ValueTranscoder.h"
 
 #include "Discriminator.h"
+#include "TypeCodeValue.h"
 #include "omg/CORBA.hh"
 #include "zantic_sys/CORBA/string_functions.h"
 #include "zantic_sys/YV_Cxx/StringVar.h"
+#include "zantic_sys/YV_Cxx/ValueMarshal.h"
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <unordered_set>
+#include <vector>
 
 namespace YV_TC {
 
@@ -112,6 +116,40 @@ std::size_t block_size(CORBA::TCKind k)
 std::size_t ValueTranscoder::min_size(CORBA::TypeCode_ptr tc)
 {
     return min_size_of(tc, 0);
+}
+
+bool ValueTranscoder::may_hold_values(CORBA::TypeCode_ptr tc)
+{
+    // Recursive types are cycles of type codes: each is looked at once.
+    std::unordered_set<CORBA::TypeCode_ptr> seen;
+    std::vector<CORBA::TypeCode_ptr> pending{tc};
+    while (!pending.empty()) {
+        const CORBA::TypeCode_ptr t = pending.back();
+        pending.pop_back();
+        if (t == nullptr || !seen.insert(t).second)
+            continue;
+        switch (t->kind()) {
+        case CORBA::tk_value:
+        case CORBA::tk_value_box:
+        case CORBA::tk_abstract_interface:
+        case CORBA::tk_any:
+            return true;
+        case CORBA::tk_alias:
+        case CORBA::tk_sequence:
+        case CORBA::tk_array:
+            pending.push_back(t->yv_content());
+            break;
+        case CORBA::tk_struct:
+        case CORBA::tk_except:
+        case CORBA::tk_union:
+            for (CORBA::ULong i = 0; i < t->yv_member_count(); ++i)
+                pending.push_back(t->yv_member_type(i));
+            break;
+        default:
+            break;
+        }
+    }
+    return false;
 }
 
 void ValueTranscoder::primitives(std::size_t size, std::size_t n)
@@ -242,6 +280,42 @@ void ValueTranscoder::elements(CORBA::TypeCode_ptr element, CORBA::ULong n, unsi
         walk(element, depth + 1);
 }
 
+void ValueTranscoder::value_type(CORBA::TypeCode_ptr tc)
+{
+    if (m_collect != nullptr) {
+        m_collect->emplace_back(TypeCodeValue::read(m_in, tc));
+        return;
+    }
+    if (m_emit != nullptr) {
+        if (m_out == nullptr || m_next >= m_emit->size())
+            InputStream::fail(YV_CDR::minor_bad_length);
+        YV_Cxx::write_value(*m_out, (*m_emit)[m_next++].in());
+        return;
+    }
+    YV_Cxx::Value_var<CORBA::ValueBase> v = TypeCodeValue::read(m_in, tc);
+    if (m_out != nullptr)
+        YV_Cxx::write_value(*m_out, v.in());
+    // What it reaches is written: a later indirection to it writes one too.
+    TypeCodeValue::cut(v.in());
+}
+
+void ValueTranscoder::state(CORBA::TypeCode_ptr tc) { state_of(tc->yv_unaliased(), 0); }
+
+void ValueTranscoder::state_of(CORBA::TypeCode_ptr tc, unsigned depth)
+{
+    if (depth > InputStream::max_nesting)
+        InputStream::fail(YV_CDR::minor_nesting);
+    if (tc->kind() == CORBA::tk_value_box) {
+        walk(tc->yv_content(), depth + 1);
+        return;
+    }
+    const CORBA::TypeCode_ptr base = tc->yv_content();
+    if (base != nullptr && base->yv_unaliased()->kind() == CORBA::tk_value)
+        state_of(base->yv_unaliased(), depth + 1);
+    for (CORBA::ULong i = 0; i < tc->yv_member_count(); ++i)
+        walk(tc->yv_member_type(i), depth + 1);
+}
+
 void ValueTranscoder::walk(CORBA::TypeCode_ptr tc, unsigned depth)
 {
     if (depth > InputStream::max_nesting)
@@ -331,8 +405,19 @@ void ValueTranscoder::walk(CORBA::TypeCode_ptr tc, unsigned depth)
         return;
     case CORBA::tk_value:
     case CORBA::tk_value_box:
-    case CORBA::tk_abstract_interface:
-        throw CORBA::NO_IMPLEMENT(0, CORBA::COMPLETED_NO);
+        value_type(tc);
+        return;
+    case CORBA::tk_abstract_interface: {
+        // An object reference (true) or a value.
+        const CORBA::Boolean is_object = m_in.read_boolean();
+        if (m_out != nullptr)
+            m_out->write_boolean(is_object);
+        if (is_object)
+            object_reference();
+        else
+            value_type(tc);
+        return;
+    }
     default:
         if (const std::size_t size = block_size(tc->kind())) {
             primitives(size, 1);

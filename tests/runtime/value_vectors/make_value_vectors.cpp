@@ -3,8 +3,9 @@
 // hex strings that test holds; with the arguments "read <be|le> <hex>" it
 // reads a Test::Node, a Test::Derived (formal type Base, no factory for
 // Derived: truncated) and a Test::StringBox from the octets instead and
-// prints what it found ("read-whole": with Derived's factory), so that
-// octets we write can be shown to omniORB.
+// prints what it found ("read-whole": with Derived's factory; "read-counted":
+// a Test::Counted, formal type Base), so that octets we write can be shown
+// to omniORB.
 #include "values.hh"
 
 #include <cstdio>
@@ -69,6 +70,33 @@ void write_all(bool little)
         Test::Base::_NP_marshal(d, s);
         dump(extra ? (little ? "chunked.le" : "chunked.be") : (little ? "chunked-null.le" : "chunked-null.be"), s);
     }
+    // A node written, then an any holding it: the any's value refers to
+    // nothing outside it.
+    {
+        cdrMemoryStream s(0, true);
+        s.setByteSwapFlag(little);
+        Test::Node_var root = new OBV_Test::Node(1, 0, 0);
+        Test::Node_var child = new OBV_Test::Node(2, 0, 0);
+        root->left(child);
+        root->right(child);
+        Test::Node::_NP_marshal(root, s);
+        CORBA::Any a;
+        a <<= root.in();
+        a >>= s;
+        dump(little ? "any.le" : "any.be", s);
+    }
+    // A level of inheritance that starts with a primitive member: omniORB
+    // starts a chunk for it.
+    {
+        cdrMemoryStream s(0, true);
+        s.setByteSwapFlag(little);
+        Test::Counted_var c = new OBV_Test::Counted;
+        c->name("ab");
+        c->count(7);
+        c->ratio(0.5);
+        Test::Base::_NP_marshal(c, s);
+        dump(little ? "counted.le" : "counted.be", s);
+    }
     {
         cdrMemoryStream s(0, true);
         s.setByteSwapFlag(little);
@@ -104,13 +132,39 @@ void read_all(bool little, const char* hex)
     }
 }
 
+// A Test::Counted in chunks (formal type Base), as we write it.
+void read_counted(bool little, const char* hex)
+{
+    std::vector<unsigned char> octets;
+    for (const char* p = hex; *p != 0; ++p)
+        if (*p != ' ' && p[1] != 0) {
+            octets.push_back(static_cast<unsigned char>(std::stoul(std::string(p, 2), nullptr, 16)));
+            ++p;
+        }
+    cdrMemoryStream s(octets.data(), octets.size());
+    s.setByteSwapFlag(little);
+    try {
+        Test::Base_var b = Test::Base::_NP_unmarshal(s);
+        Test::Counted* c = Test::Counted::_downcast(b);
+        std::printf("base %s count %d ratio %g\n", b ? b->name() : "-", c ? (int)c->count() : -1, c ? c->ratio() : 0.0);
+    } catch (CORBA::SystemException& e) {
+        std::printf("%s minor %lu\n", e._name(), (unsigned long)e.minor());
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     CORBA::ORB_var orb = CORBA::ORB_init(argc, argv);
     const std::string mode = argc == 4 ? argv[1] : "";
-    if (mode == "read" || mode == "read-whole") {
+    if (mode == "read-counted") {
+        CORBA::ValueFactoryBase_var base = new Test::Base_init;
+        CORBA::ValueFactoryBase_var counted = new Test::Counted_init;
+        orb->register_value_factory("IDL:Test/Base:1.0", base);
+        orb->register_value_factory("IDL:Test/Counted:1.0", counted);
+        read_counted(std::string(argv[2]) == "le", argv[3]);
+    } else if (mode == "read" || mode == "read-whole") {
         CORBA::ValueFactoryBase_var node = new Test::Node_init;
         CORBA::ValueFactoryBase_var base = new Test::Base_init;
         CORBA::ValueFactoryBase_var derived = new Test::Derived_init;

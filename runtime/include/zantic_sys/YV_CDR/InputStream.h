@@ -44,7 +44,7 @@ public:
     // Reads the `size` octets at `data`. `phase` is the alignment of
     // data[0]: its offset from the start of the message modulo 8.
     InputStream(const unsigned char* data, std::size_t size, bool little_endian, std::size_t phase = 0)
-        : m_begin(data), m_cur(data), m_end(data + size), m_phase(phase & 7), m_little(little_endian)
+        : m_begin(data), m_cur(data), m_end(data + size), m_limit(m_end), m_phase(phase & 7), m_little(little_endian)
     {
     }
 
@@ -105,7 +105,9 @@ public:
 
     void read_octet_array(CORBA::Octet* v, std::size_t n)
     {
-        if (n != 0)
+        if (static_cast<std::ptrdiff_t>(n) > m_limit - m_cur)
+            read_split(v, n, 1);
+        else if (n != 0)
             std::memcpy(v, take(n), n);
     }
     void read_char_array(CORBA::Char* v, std::size_t n) { read_octet_array(reinterpret_cast<CORBA::Octet*>(v), n); }
@@ -119,6 +121,10 @@ public:
         align(sizeof(T));
         if (n > remaining() / sizeof(T))
             fail(minor_end_of_data);
+        if (static_cast<std::ptrdiff_t>(sizeof(T) * n) > m_limit - m_cur) {
+            read_split(v, n, sizeof(T));
+            return;
+        }
         const unsigned char* p = take(sizeof(T) * n);
         if (m_little == native_little_endian) {
             std::memcpy(v, p, sizeof(T) * n);
@@ -150,7 +156,10 @@ public:
     void align(std::size_t n)
     {
         const std::size_t pad = (n - ((offset() + m_phase) & (n - 1))) & (n - 1);
-        take(pad);
+        if (static_cast<std::ptrdiff_t>(pad) > m_limit - m_cur)
+            take_chunked(n, 0);
+        else
+            m_cur += pad;
     }
 
     // The encapsulation that comes next (its ulong length, then its octets):
@@ -180,6 +189,29 @@ public:
     // encapsulation starts without.
     std::shared_ptr<void>& value_state() { return m_values; }
 
+    // Chunks of a chunked value (the value decoder's): in_chunk(end) says
+    // that the chunk being read ends at `end` (null: between chunks), and
+    // until not_chunked() reads stop there; a read that needs octets beyond
+    // enters the chunk that follows (its size, a long from 1 to 0x7ffffeff).
+    // A primitive value, a string or an encapsulation never straddles two
+    // chunks (MARSHAL); the elements of an array may lie in several, and
+    // padding may end a chunk. remaining() still counts to the end of the
+    // data.
+    void in_chunk(const unsigned char* end)
+    {
+        m_chunking = true;
+        m_chunk_end = end;
+        m_limit = end != nullptr ? end : m_begin;
+    }
+    void not_chunked()
+    {
+        m_chunking = false;
+        m_chunk_end = nullptr;
+        m_limit = m_end;
+    }
+    // The end of the chunk being read, or null.
+    const unsigned char* chunk_end() const { return m_chunk_end; }
+
     // Raises CORBA::MARSHAL with `minor` (completion status COMPLETED_NO).
     [[noreturn]] static void fail(CORBA::ULong minor);
 
@@ -193,20 +225,28 @@ private:
 
     const unsigned char* take(std::size_t n)
     {
-        if (n > remaining())
-            fail(minor_end_of_data);
+        if (static_cast<std::ptrdiff_t>(n) > m_limit - m_cur)
+            return take_chunked(1, n);
         const unsigned char* p = m_cur;
         m_cur += n;
         return p;
     }
+    // A read beyond the limit: MARSHAL, or inside chunks the next chunk
+    // entered (`alignment` and `n` of the value read; n = 0 aligns).
+    const unsigned char* take_chunked(std::size_t alignment, std::size_t n);
+    // An array that does not fit what is left of its chunk, element by
+    // element (`size` octets each).
+    void read_split(void* v, std::size_t n, std::size_t size);
     // The padding and the value checked against the octets left at once.
     template <class U>
     U get()
     {
         const std::size_t pad = (sizeof(U) - ((offset() + m_phase) & (sizeof(U) - 1))) & (sizeof(U) - 1);
-        if (pad + sizeof(U) > remaining())
-            fail(minor_end_of_data);
-        const unsigned char* p = m_cur + pad;
+        const unsigned char* p;
+        if (static_cast<std::ptrdiff_t>(pad + sizeof(U)) > m_limit - m_cur)
+            p = take_chunked(sizeof(U), sizeof(U));
+        else
+            p = m_cur + pad;
         m_cur = p + sizeof(U);
         return load<U>(p, m_little != native_little_endian);
     }
@@ -214,6 +254,11 @@ private:
     const unsigned char* m_begin;
     const unsigned char* m_cur;
     const unsigned char* m_end;
+    // Where reads stop: m_end, the end of the chunk being read, or m_begin
+    // between chunks (every read goes through take_chunked).
+    const unsigned char* m_limit;
+    const unsigned char* m_chunk_end = nullptr;
+    bool m_chunking = false;
     std::size_t m_phase;
     bool m_little;
     unsigned m_giop_minor = 2;

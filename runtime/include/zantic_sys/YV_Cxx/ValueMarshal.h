@@ -12,6 +12,7 @@
 #include "../CORBA/Types.h"
 #include "../CORBA/ValueBase.h"
 
+#include <functional>
 #include <type_traits>
 
 namespace YV_CDR {
@@ -45,10 +46,22 @@ CORBA::ValueBase* read_value(YV_CDR::InputStream& in, const char* formal_id = nu
 
 // Called by a value's _yv_marshal_state and _yv_unmarshal_state between
 // its base's state and its own. A chunked value is written with a chunk per
-// level of inheritance, as omniORB writes it; reading enters the chunk that
-// follows where the base's state ended at a chunk's end.
+// level of inheritance, as omniORB writes it; reading needs nothing (the
+// input stream follows chunk boundaries wherever they lie).
 void end_base_state(YV_CDR::OutputStream& out);
 void end_base_state(YV_CDR::InputStream& in);
+
+// Reads a value as read_value does, but every instance comes from `make`
+// (no factory is asked): a value whose ids do not include that of the
+// instance `make` gives is MARSHAL. The runtime reads values it knows only
+// by their type codes this way.
+CORBA::ValueBase* read_value_made(YV_CDR::InputStream& in, const char* formal_id,
+                                  const std::function<CORBA::ValueBase*()>& make);
+
+// The stream's table stops holding the values read so far for which
+// `which` is true: whoever holds them keeps them alive for the rest of the
+// stream (so that a graph with cycles can be freed once its holder goes).
+void disown_read_values(YV_CDR::InputStream& in, bool (*which)(CORBA::ValueBase*));
 
 // What read_value gets for a value of C++ type T: T's static
 // _yv_value_id() (its repository id) and _yv_create_for_unmarshal() (value
