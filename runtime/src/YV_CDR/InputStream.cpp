@@ -50,7 +50,7 @@ void InputStream::read_split(void* v, std::size_t n, std::size_t size)
     unsigned char* out = static_cast<unsigned char*>(v);
     const bool swap = m_little != native_little_endian;
     for (std::size_t i = 0; i < n; ++i, out += size) {
-        const unsigned char* p = static_cast<std::ptrdiff_t>(size) > m_limit - m_cur ? take_chunked(size, size) : take(size);
+        const unsigned char* p = take_chunked(size, size);
         if (size == 1) {
             *out = *p;
         } else if (size == 2) {
@@ -68,7 +68,7 @@ void InputStream::read_split(void* v, std::size_t n, std::size_t size)
 
 void InputStream::read_boolean_array(CORBA::Boolean* v, std::size_t n)
 {
-    if (m_chunking && static_cast<std::ptrdiff_t>(n) > m_limit - m_cur) {
+    if (m_chunking && !fits(n)) {
         for (std::size_t i = 0; i < n; ++i)
             v[i] = read_boolean();
         return;

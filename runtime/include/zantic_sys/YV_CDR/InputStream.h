@@ -105,7 +105,7 @@ public:
 
     void read_octet_array(CORBA::Octet* v, std::size_t n)
     {
-        if (static_cast<std::ptrdiff_t>(n) > m_limit - m_cur)
+        if (!fits(n))
             read_split(v, n, 1);
         else if (n != 0)
             std::memcpy(v, take(n), n);
@@ -121,7 +121,7 @@ public:
         align(sizeof(T));
         if (n > remaining() / sizeof(T))
             fail(minor_end_of_data);
-        if (static_cast<std::ptrdiff_t>(sizeof(T) * n) > m_limit - m_cur) {
+        if (!fits(sizeof(T) * n)) {
             read_split(v, n, sizeof(T));
             return;
         }
@@ -156,7 +156,7 @@ public:
     void align(std::size_t n)
     {
         const std::size_t pad = (n - ((offset() + m_phase) & (n - 1))) & (n - 1);
-        if (static_cast<std::ptrdiff_t>(pad) > m_limit - m_cur)
+        if (!fits(pad))
             take_chunked(n, 0);
         else
             m_cur += pad;
@@ -225,11 +225,17 @@ private:
 
     const unsigned char* take(std::size_t n)
     {
-        if (static_cast<std::ptrdiff_t>(n) > m_limit - m_cur)
+        if (!fits(n))
             return take_chunked(1, n);
         const unsigned char* p = m_cur;
         m_cur += n;
         return p;
+    }
+    // Whether `n` octets lie before the limit.
+    bool fits(std::size_t n) const
+    {
+        const std::ptrdiff_t left = m_limit - m_cur;
+        return left >= 0 && n <= static_cast<std::size_t>(left);
     }
     // A read beyond the limit: MARSHAL, or inside chunks the next chunk
     // entered (`alignment` and `n` of the value read; n = 0 aligns).
@@ -243,7 +249,7 @@ private:
     {
         const std::size_t pad = (sizeof(U) - ((offset() + m_phase) & (sizeof(U) - 1))) & (sizeof(U) - 1);
         const unsigned char* p;
-        if (static_cast<std::ptrdiff_t>(pad + sizeof(U)) > m_limit - m_cur)
+        if (!fits(pad + sizeof(U)))
             p = take_chunked(sizeof(U), sizeof(U));
         else
             p = m_cur + pad;
