@@ -834,6 +834,38 @@ TEST(ValueCdr, AbstractInterfacesAreAnObjectOrAValue)
     EXPECT_THROW(YV_Cxx::read_abstract_as<Shape>(in), CORBA::MARSHAL);
 }
 
+// A value whose last member is a nested value ends with one end tag for
+// both (omniORB's reader stops the process on two).
+TEST(ValueCdr, OneEndTagClosesAValueAndTheValueLastInIt)
+{
+    class Ending : public Base {
+    public:
+        const char* const* _yv_type_ids(CORBA::ULong& count) const override
+        {
+            static const char* const ids[] = {"IDL:Test/Ending:1.0", "IDL:Test/Base:1.0"};
+            count = 2;
+            return ids;
+        }
+        CORBA::Boolean _yv_is_chunked() const override { return true; }
+        void _yv_marshal_state(YV_CDR::OutputStream& out) const override
+        {
+            Base::_yv_marshal_state(out);
+            YV_Cxx::Marshal<Node_var>::write(out, last);
+        }
+        Node_var last;
+    };
+    YV_Cxx::Value_var<Ending> e = new Ending;
+    e->name = "e";
+    e->last = new Node(2);
+    e->last->left = new Node(3);
+    YV_CDR::OutputStream out(false);
+    YV_Cxx::Marshal<YV_Cxx::Value_var<Ending>>::write(out, e);
+    // Node 3 ends (-3); node 2's null right child in a chunk; then node 2
+    // and the value holding it end together: -1 alone.
+    EXPECT_EQ(Octets(out.data() + out.size() - 16, out.data() + out.size()),
+              from_hex("ff ff ff fd 00 00 00 04 00 00 00 00 ff ff ff ff"));
+}
+
 // Big-endian octets built by hand.
 struct Bytes {
     Octets o;

@@ -43,6 +43,8 @@ struct WriteState {
     bool chunk_open = false;
     std::size_t chunk_size_at = 0;
     std::size_t chunk_start = 0;
+    // Where the last end tag went (none: npos).
+    std::size_t end_tag_at = static_cast<std::size_t>(-1);
 };
 
 WriteState& write_state(YV_CDR::OutputStream& out)
@@ -485,7 +487,15 @@ void write_value(YV_CDR::OutputStream& out, const CORBA::ValueBase* v)
     v->_yv_marshal_state(out);
     if (chunked) {
         end_chunk(out, st);
-        out.write_long(-st.level);
+        if (st.end_tag_at != static_cast<std::size_t>(-1) && st.end_tag_at + 4 == out.size()) {
+            // A nested value ended just before: one end tag closes both
+            // (omniORB writes it so, and its reader takes nothing else).
+            out.patch_ulong(st.end_tag_at, static_cast<CORBA::ULong>(-st.level));
+        } else {
+            out.align(4);
+            st.end_tag_at = out.size();
+            out.write_long(-st.level);
+        }
         --st.level;
     }
     if (nested_in_chunks)
