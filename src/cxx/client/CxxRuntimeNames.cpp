@@ -30,6 +30,7 @@ const ProvidedName provided_names[] = {
     {"CORBA::ARG_IN", kSystemHeader},
     {"CORBA::ARG_INOUT", kSystemHeader},
     {"CORBA::ARG_OUT", kSystemHeader},
+    {"CORBA::AbstractBase", kSystemHeader},
     {"CORBA::Any", kSystemHeader},
     {"CORBA::Boolean", kSystemHeader},
     {"CORBA::Char", kSystemHeader},
