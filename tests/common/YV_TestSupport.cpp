@@ -28,6 +28,29 @@ void write_file(const std::string& path, const std::string& text)
 
 bool file_exists(const std::string& path) { return std::filesystem::exists(path); }
 
+std::string repeat(const std::string& s, int n)
+{
+    std::string out;
+    out.reserve(s.size() * static_cast<std::size_t>(n > 0 ? n : 0));
+    for (int i = 0; i < n; ++i)
+        out += s;
+    return out;
+}
+
+std::string numbered(const std::string& pattern, int from, int to)
+{
+    std::string out;
+    for (int i = from; i < to; ++i) {
+        std::string line = pattern;
+        for (std::size_t at; (at = line.find('@')) != std::string::npos;)
+            line.replace(at, 1, std::to_string(i));
+        for (std::size_t at; (at = line.find('$')) != std::string::npos;)
+            line.replace(at, 1, std::to_string(i - 1));
+        out += line;
+    }
+    return out;
+}
+
 std::string make_temp_dir(const std::string& tag)
 {
     std::string pattern = (std::filesystem::temp_directory_path() / ("yvtest-" + tag + "-XXXXXX")).string();

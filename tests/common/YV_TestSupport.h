@@ -11,6 +11,12 @@ std::string read_file(const std::string& path);
 void write_file(const std::string& path, const std::string& text);
 bool file_exists(const std::string& path);
 
+// `s` written `n` times.
+std::string repeat(const std::string& s, int n);
+// `pattern` once for each number from `from` to `to` (excluded), with "@"
+// standing for the number and "$" for the one before it.
+std::string numbered(const std::string& pattern, int from, int to);
+
 // A fresh empty directory under the system's temporary directory.
 std::string make_temp_dir(const std::string& tag);
 

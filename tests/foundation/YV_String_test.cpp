@@ -5,17 +5,6 @@
 
 #include <sstream>
 
-TEST(YV_String, EditsInPlace)
-{
-    YV_String s("a.b.idl");
-    EXPECT_EQ(s.rfind("."), 3u);
-    EXPECT_EQ(s.substr(0, s.rfind(".")), YV_String("a.b"));
-    s.replace(s.rfind(".idl"), 4, "S.hh");
-    EXPECT_EQ(s, YV_String("a.bS.hh"));
-    s.insert(0, ".").erase(0, 1).append("!");
-    EXPECT_STREQ(s.c_str(), "a.bS.hh!");
-}
-
 TEST(YV_String, StreamsWords)
 {
     std::istringstream in("  -xTIE\t+xAMICallbacks ");
@@ -45,18 +34,4 @@ TEST(YV_String, NullAndEmptyTexts)
     EXPECT_EQ(fromNull.find("x"), YV_String::npos);
     EXPECT_EQ(fromNull.rfind('.'), YV_String::npos);
     EXPECT_EQ(fromNull.substr(0), YV_String());
-}
-
-TEST(YV_String, ComparesAndHashesLikeItsText)
-{
-    EXPECT_LT(YV_String("abc").compare("abd"), 0);
-    EXPECT_EQ(YV_String("abc").compare("abc"), 0);
-    EXPECT_GT(YV_String("b").compare("abc"), 0);
-    EXPECT_TRUE(YV_String("a") < YV_String("b"));
-    EXPECT_NE(YV_String("a"), YV_String("A"));
-    EXPECT_EQ(std::hash<YV_String>()(YV_String("x.idl")), std::hash<std::string>()("x.idl"));
-    YV_String s = YV_String("M") + "::" + "I";
-    s += '_';
-    EXPECT_EQ(s.str(), "M::I_");
-    EXPECT_TRUE(s.contains("::"));
 }
