@@ -1,6 +1,6 @@
 // The C++ mapping support that generated code relies on: ownership of
 // strings, sequences, _var and _out types, anys, streamables' bindings,
-// type codes, fixed-point values and the exception holder.
+// type codes and the exception holder.
 #include "MappingTypes.hh"
 
 #include <omg/Messaging.hh>
@@ -273,21 +273,6 @@ TEST(TypeCodes, BoundedStringsAndKinds)
     EXPECT_FALSE(tc->equal(CORBA::_tc_string));
     CORBA::release(tc);
     EXPECT_EQ(tc->length(), 10u) << "a static type code outlives release";
-}
-
-TEST(Fixed, ParsesRoundsAndPrints)
-{
-    CORBA::Fixed f("-12.345");
-    EXPECT_EQ(f.fixed_digits(), 5);
-    EXPECT_EQ(f.fixed_scale(), 3);
-    CORBA::String_var rounded = f.round(2).to_string();
-    CORBA::String_var truncated = f.truncate(1).to_string();
-    EXPECT_STREQ(rounded.in(), "-12.35");
-    EXPECT_STREQ(truncated.in(), "-12.3");
-    CORBA::String_var sum = (CORBA::Fixed("1.5") + CORBA::Fixed(2)).to_string();
-    EXPECT_STREQ(sum.in(), "3.5");
-    EXPECT_THROW(CORBA::Fixed("1.2.3"), CORBA::BAD_PARAM);
-    EXPECT_THROW(CORBA::Fixed(""), CORBA::BAD_PARAM);
 }
 
 TEST(ExceptionHolder, RaisesWhatItHoldsAndCopies)
