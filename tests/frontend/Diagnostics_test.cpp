@@ -1,6 +1,7 @@
 // Malformed input: each case must be rejected with a diagnostic at the
 // right place, never a crash or a hang.
 #include "FrontendTestSupport.h"
+#include "YV_TestSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -22,14 +23,7 @@ struct BadInput {
 
 void PrintTo(const BadInput& c, std::ostream* os) { *os << c.name; }
 
-std::string repeat(const std::string& s, int n)
-{
-    std::string out;
-    out.reserve(s.size() * static_cast<std::size_t>(n));
-    for (int i = 0; i < n; ++i)
-        out += s;
-    return out;
-}
+using yvtest::repeat;
 
 std::vector<BadInput> cases()
 {
@@ -242,10 +236,7 @@ TEST(Recovery, SeveralErrorsAreReportedInOneRun)
 
 TEST(Recovery, ErrorFloodStops)
 {
-    std::string text;
-    for (int i = 0; i < 5000; ++i)
-        text += "typedef Undefined" + std::to_string(i) + " T" + std::to_string(i) + ";\n";
-    fetest::Parsed p = fetest::parse(text);
+    fetest::Parsed p = fetest::parse(yvtest::numbered("typedef Undefined@ T@;\n", 0, 5000));
     EXPECT_FALSE(p.data);
     EXPECT_LE(p.errors, 110);
     EXPECT_NE(p.err.find("too many errors"), std::string::npos);
@@ -263,17 +254,13 @@ TEST(Limits, LongInheritanceChainsAndLattices)
 {
     // A chain thousands deep (no recursion along it), then a lattice where
     // every interface has two bases that share all their ancestors.
-    std::string text = "struct R { long a; };\ninterface C0 { R op0(); };\n";
-    for (int i = 1; i < 3000; ++i)
-        text += "interface C" + std::to_string(i) + " : C" + std::to_string(i - 1) + " { R op" + std::to_string(i) +
-                "(in R r); };\n";
-    text += "interface L0a { void a0(); }; interface L0b { void b0(); };\n";
-    for (int i = 1; i < 40; ++i) {
-        std::string p = std::to_string(i - 1), n = std::to_string(i);
-        text += "interface L" + n + "a : L" + p + "a, L" + p + "b { R a" + n + "(); };\n";
-        text += "interface L" + n + "b : L" + p + "a, L" + p + "b { R b" + n + "(); };\n";
-    }
-    text += "interface Bottom : C2999, L39a { void op0(); };\n";
+    const std::string text = "struct R { long a; };\ninterface C0 { R op0(); };\n" +
+                             yvtest::numbered("interface C@ : C$ { R op@(in R r); };\n", 1, 3000) +
+                             "interface L0a { void a0(); }; interface L0b { void b0(); };\n" +
+                             yvtest::numbered("interface L@a : L$a, L$b { R a@(); };\n"
+                                              "interface L@b : L$a, L$b { R b@(); };\n",
+                                              1, 40) +
+                             "interface Bottom : C2999, L39a { void op0(); };\n";
     IDL_Limits limits;
     limits.inherited = 100000000;  // the chain alone inherits 13.5 million
     fetest::Parsed p = fetest::parse_limited(text, limits);

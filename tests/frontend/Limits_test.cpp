@@ -12,28 +12,8 @@
 
 namespace {
 
-std::string repeat(const std::string& s, int n)
-{
-    std::string out;
-    for (int i = 0; i < n; ++i)
-        out += s;
-    return out;
-}
-
-std::string numbered(const std::string& pattern, int from, int to)
-{
-    // "@" stands for the number, "$" for the one before it.
-    std::string out;
-    for (int i = from; i < to; ++i) {
-        std::string line = pattern;
-        for (std::size_t at; (at = line.find('@')) != std::string::npos;)
-            line.replace(at, 1, std::to_string(i));
-        for (std::size_t at; (at = line.find('$')) != std::string::npos;)
-            line.replace(at, 1, std::to_string(i - 1));
-        out += line;
-    }
-    return out;
-}
+using yvtest::numbered;
+using yvtest::repeat;
 
 // Macros doubling each other `levels` times: the last one expands to
 // 2^levels tokens (a sum of ones, which #if can use).
@@ -200,8 +180,7 @@ TEST(LinearChecks, ManyArgumentsManyBasesManyForwardDeclarations)
     EXPECT_NE(clash.err.find("'P77777' clashes with 'p77777'"), std::string::npos) << clash.err.substr(0, 500);
 
     std::string bases = numbered("interface B@ {};\n", 0, 20000) + "interface D : ";
-    for (int i = 0; i < 20000; ++i)
-        bases += "B" + std::to_string(i) + ", ";
+    bases += numbered("B@, ", 0, 20000);
     fetest::Parsed twice = fetest::parse(bases + "B12345 {};\n");
     EXPECT_NE(twice.err.find("'D' names base 'B12345' twice"), std::string::npos) << twice.err.substr(0, 500);
 
