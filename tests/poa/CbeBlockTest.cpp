@@ -74,15 +74,6 @@ const BlockCase BLOCK_CASES[] = {
 INSTANTIATE_TEST_SUITE_P(CbeBlock, BlockText, testing::ValuesIn(BLOCK_CASES),
                          [](const testing::TestParamInfo<BlockCase>& info) { return info.param.name; });
 
-// Counts the occurrences of `what` in `text`.
-std::size_t count(const std::string& text, const std::string& what)
-{
-    std::size_t n = 0;
-    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
-        ++n;
-    return n;
-}
-
 TEST(CbeBlock, FileScopeBlockLandsBetweenDeclarations)
 {
     poatest::PoaRun run = poatest::run_poa("interface A { };\n%{POACxx\n// between\n%}\ninterface B { };\n", nullptr);
@@ -102,8 +93,8 @@ TEST(CbeBlock, ModuleBlockIsCopiedAgainByTiePass)
     poatest::PoaRun run = poatest::run_poa(
         "%{POACxx\n// outer\n%}\nmodule M {\n%{POACxx\n// inner\n%}\n    interface I { };\n};\n", "-xTIE");
     EXPECT_EQ(run.err, "");
-    EXPECT_EQ(count(run.hh, "// outer\n"), 1u);
-    EXPECT_EQ(count(run.hh, "// inner\n"), 2u);
+    EXPECT_EQ(poatest::count(run.hh, "// outer\n"), 1u);
+    EXPECT_EQ(poatest::count(run.hh, "// inner\n"), 2u);
     EXPECT_LT(run.hh.rfind("// inner\n"), run.hh.find("template<"));
 }
 

@@ -7,6 +7,8 @@
 
 namespace {
 
+using impltest::ImplGolden;
+
 const char* const worked_example = R"(
 module M {
     struct SomeStruct { long x; };
@@ -20,16 +22,6 @@ module M {
     };
 };
 )";
-
-TEST(Dispatch, WorkedExampleWithoutRaisesEnforcement)
-{
-    impltest::expect_impl_golden("dispatch_plain", worked_example, nullptr);
-}
-
-TEST(Dispatch, WorkedExampleWithRaisesEnforcement)
-{
-    impltest::expect_impl_golden("dispatch_enforce_raises", worked_example, "-xEnforceRaises");
-}
 
 // The types every declaration golden uses; `K` names them in each mode.
 const std::string kinds_idl = R"(
@@ -82,29 +74,15 @@ std::string kinds_interface(const std::string& dir)
     return text + "};\n";
 }
 
-TEST(Dispatch, DeclarationOfEveryKindPassedIn)
-{
-    impltest::expect_impl_golden("declare_in", kinds_idl + kinds_interface("in"), nullptr);
-}
-
-TEST(Dispatch, DeclarationOfEveryKindPassedInout)
-{
-    impltest::expect_impl_golden("declare_inout", kinds_idl + kinds_interface("inout"), nullptr);
-}
-
-TEST(Dispatch, DeclarationOfEveryKindPassedOut)
-{
-    impltest::expect_impl_golden("declare_out", kinds_idl + kinds_interface("out"), nullptr);
-}
-
-TEST(Dispatch, DeclarationOfEveryKindReturned)
-{
-    impltest::expect_impl_golden("declare_return", kinds_idl + kinds_interface("return"), nullptr);
-}
-
-TEST(Dispatch, AttributesOfSeveralKinds)
-{
-    impltest::expect_impl_golden("attributes", kinds_idl + R"(
+const impltest::ImplScenario DISPATCH_SCENARIOS[] = {
+    {"dispatch_plain", worked_example, nullptr},
+    {"dispatch_enforce_raises", worked_example, "-xEnforceRaises"},
+    // The colocated declaration of every kind in every mode.
+    {"declare_in", kinds_idl + kinds_interface("in"), nullptr},
+    {"declare_inout", kinds_idl + kinds_interface("inout"), nullptr},
+    {"declare_out", kinds_idl + kinds_interface("out"), nullptr},
+    {"declare_return", kinds_idl + kinds_interface("return"), nullptr},
+    {"attributes", kinds_idl + R"(
 interface Attrs {
     attribute T::VarS vs;
     readonly attribute T::LongArr la;
@@ -114,8 +92,10 @@ interface Attrs {
     string<7> r();
 };
 )",
-                                 nullptr);
-}
+     nullptr},
+};
+
+INSTANTIATE_TEST_SUITE_P(Dispatch, ImplGolden, testing::ValuesIn(DISPATCH_SCENARIOS), impltest::scenario_name);
 
 // Value boxes of several boxed kinds in every mode, as results and as
 // attributes: each is bound like a value type. The input lies beside the

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 namespace impltest {
@@ -22,6 +23,20 @@ inline void expect_impl_golden(const std::string& name, const std::string& idl, 
     EXPECT_EQ(0, run.errors);
     EXPECT_EQ("", yvtest::compare_golden(poatest::golden_path("impl/" + name + ".cxx.golden"), run.cxx)) << name;
 }
+
+// One golden scenario: the golden file's name, the IDL and the option text.
+struct ImplScenario {
+    const char* name;
+    std::string idl;
+    const char* options;
+};
+
+inline std::ostream& operator<<(std::ostream& os, const ImplScenario& s) { return os << s.name; }
+
+// Each test file instantiates this with its own scenarios.
+class ImplGolden : public testing::TestWithParam<ImplScenario> {};
+
+inline std::string scenario_name(const testing::TestParamInfo<ImplScenario>& info) { return info.param.name; }
 
 } // namespace impltest
 

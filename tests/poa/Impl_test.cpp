@@ -5,39 +5,14 @@
 
 namespace {
 
+using namespace impltest;
+
 // What the file holds after its fixed preamble.
 std::string after_preamble(const std::string& cxx)
 {
     const std::string last_include = "#include <zantic_sys/nmval.h>\n\n";
     const std::size_t at = cxx.find(last_include);
     return at == std::string::npos ? cxx : cxx.substr(at + last_include.size());
-}
-
-TEST(Impl, InterfaceWithoutOperations)
-{
-    impltest::expect_impl_golden("no_operations", "module M { interface Empty {}; };\n", nullptr);
-}
-
-TEST(Impl, AbstractInterfaceAndItsConcreteDerived)
-{
-    impltest::expect_impl_golden("abstract", R"(
-abstract interface Shape { double area(); };
-interface Square : Shape { attribute double side; };
-)",
-                                 nullptr);
-}
-
-TEST(Impl, BaseReachedThroughTwoPaths)
-{
-    impltest::expect_impl_golden("diamond", R"(
-module D {
-    interface Top { void op_top(); };
-    interface Left : Top { void op_left(); };
-    interface Right : Top { void op_right(); };
-    interface Bottom : Left, Right { void op_bottom(); };
-};
-)",
-                                 nullptr);
 }
 
 const char* const small = R"(
@@ -48,19 +23,31 @@ module Outer {
 };
 )";
 
-TEST(Impl, NarrowingWithRtti)
+TEST_P(ImplGolden, MatchesGoldenFile)
 {
-    impltest::expect_impl_golden("rtti", small, "-xRTTI");
+    expect_impl_golden(GetParam().name, GetParam().idl, GetParam().options);
 }
 
-TEST(Impl, ColocatedThis)
-{
-    impltest::expect_impl_golden("coloc", small, "-xColocPOA");
-}
-
-TEST(Impl, ReplyHandlerSkeleton)
-{
-    impltest::expect_impl_golden("ami", R"(
+const ImplScenario IMPL_SCENARIOS[] = {
+    {"no_operations", "module M { interface Empty {}; };\n", nullptr},
+    {"abstract", R"(
+abstract interface Shape { double area(); };
+interface Square : Shape { attribute double side; };
+)",
+     nullptr},
+    // A base reached through two paths.
+    {"diamond", R"(
+module D {
+    interface Top { void op_top(); };
+    interface Left : Top { void op_left(); };
+    interface Right : Top { void op_right(); };
+    interface Bottom : Left, Right { void op_bottom(); };
+};
+)",
+     nullptr},
+    {"rtti", small, "-xRTTI"},
+    {"coloc", small, "-xColocPOA"},
+    {"ami", R"(
 module A {
     interface Meter {
         long read(in long channel, out string unit);
@@ -68,12 +55,8 @@ module A {
     };
 };
 )",
-                                 "-xAMICallbacks");
-}
-
-TEST(Impl, ValueTypesAndValueBoxes)
-{
-    impltest::expect_impl_golden("values", R"(
+     "-xAMICallbacks"},
+    {"values", R"(
 module V {
     interface Shown { void show(); };
     local interface Hidden { void hide(); };
@@ -84,8 +67,10 @@ module V {
 };
 valuetype Top supports V::Shown {};
 )",
-                                 nullptr);
-}
+     nullptr},
+};
+
+INSTANTIATE_TEST_SUITE_P(Impl, ImplGolden, testing::ValuesIn(IMPL_SCENARIOS), scenario_name);
 
 // Files and switches whose implementation file has nothing after the
 // preamble.

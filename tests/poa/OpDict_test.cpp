@@ -113,10 +113,6 @@ TEST(OpDict, AutomaticSizeIsTheSmallestPowerOfTwoAboveTheCounter)
             EXPECT_GT(1ul << c.second, c.first);
         }
     }
-    EXPECT_EQ(4u, IDL_OpDict(YV_hash_string, IDL_OpDict::auto_bits(3)).slot_count());
-    EXPECT_EQ(8u, IDL_OpDict(YV_hash_string, IDL_OpDict::auto_bits(4)).slot_count());
-    EXPECT_EQ(8u, IDL_OpDict(YV_hash_string, IDL_OpDict::auto_bits(7)).slot_count());
-    EXPECT_EQ(16u, IDL_OpDict(YV_hash_string, IDL_OpDict::auto_bits(8)).slot_count());
 }
 
 TEST(OpDict, RefusesBitCountsBeyondTheSlotCountRange)

@@ -133,14 +133,6 @@ TEST(Options, ClearOptionsUndoesSwitches)
     EXPECT_EQ(gen.settings(), OptionsGen().settings());
 }
 
-TEST(Options, OnAndOffValuesAreStoredAsGiven)
-{
-    OptionsGen gen;
-    gen.set_options("-xTIE:-xPOAInterfaces", 7, 5);
-    EXPECT_EQ(gen.tie_on(), 7);
-    EXPECT_EQ(gen.poa_interfaces_on(), 5);
-}
-
 TEST(Options, SettingsSurviveLaterTexts)
 {
     OptionsGen gen;

@@ -69,4 +69,12 @@ PoaRun run_poa(const std::string& idl, const char* options, const std::string& f
     return run;
 }
 
+std::size_t count(const std::string& text, const std::string& what)
+{
+    std::size_t n = 0;
+    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
+        ++n;
+    return n;
+}
+
 } // namespace poatest

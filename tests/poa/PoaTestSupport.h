@@ -28,6 +28,9 @@ PoaRun run_poa(const std::string& idl, const char* options, const std::string& f
                const std::map<std::string, std::string>& extra_files = {}, const std::string& hh_name = "",
                const std::string& cxx_name = "");
 
+// The number of times `what` stands in `text`.
+std::size_t count(const std::string& text, const std::string& what);
+
 // The golden file's path under tests/poa/data/.
 std::string golden_path(const std::string& name);
 

@@ -21,10 +21,10 @@ module Bank {
 };
 )";
 
-TEST(Table, BankAccountWithEightSlots)
-{
-    impltest::expect_impl_golden("table_bank_p3", bank, "-p3");
-}
+// A bank account's table of eight slots.
+using impltest::ImplGolden;
+INSTANTIATE_TEST_SUITE_P(Table, ImplGolden, testing::Values(impltest::ImplScenario{"table_bank_p3", bank, "-p3"}),
+                         impltest::scenario_name);
 
 std::set<std::string> keys_of(const tabletest::Table& t)
 {
@@ -86,10 +86,7 @@ TEST(Table, OneSlotChainIsWrittenFromItsEnd)
 
 std::string operations(int n)
 {
-    std::string idl = "interface Ops {\n";
-    for (int i = 0; i < n; ++i)
-        idl += "    void op" + std::to_string(i) + "();\n";
-    return idl + "};\n";
+    return "interface Ops {\n" + yvtest::numbered("    void op@();\n", 0, n) + "};\n";
 }
 
 TEST(Table, AutomaticSizeIsAboveTheKeyCount)

@@ -53,33 +53,12 @@ const HeaderScenario TIE_SCENARIOS[] = {
 INSTANTIATE_TEST_SUITE_P(Tie, TieGolden, testing::ValuesIn(TIE_SCENARIOS),
                          [](const testing::TestParamInfo<HeaderScenario>& info) { return info.param.name; });
 
-TEST(Tie, OffWritesNoTemplateAndIncludesPortableServer)
-{
-    poatest::PoaRun run = poatest::run_poa(EXAMPLE_IDL, nullptr);
-    EXPECT_EQ(run.hh.find("template<"), std::string::npos);
-    EXPECT_EQ(run.hh.find("poa_tie_base.h"), std::string::npos);
-    EXPECT_NE(run.hh.find("#include <omg/PortableServer.hh>\n"), std::string::npos);
-}
-
 TEST(Tie, PoaInterfacesOffWritesNoTemplate)
 {
     poatest::PoaRun run = poatest::run_poa(EXAMPLE_IDL, "-xTIE:-xPOAInterfaces");
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.hh.find("template<"), std::string::npos);
     EXPECT_NE(run.hh.find("#include <zantic_sys/poa_tie_base.h>\n"), std::string::npos);
-}
-
-// The TIE text follows all skeleton text and comes before the guard's end.
-TEST(Tie, TemplatesComeAfterSkeletonsAndBeforeEndif)
-{
-    poatest::PoaRun run = poatest::run_poa(EXAMPLE_IDL, "-xTIE");
-    std::size_t last_skeleton = run.hh.rfind("namespace POA_M");
-    std::size_t first_tie = run.hh.find("template<class _YV_Cxx_T_>");
-    std::size_t endif = run.hh.rfind("#endif\n");
-    ASSERT_NE(first_tie, std::string::npos);
-    EXPECT_LT(last_skeleton, first_tie);
-    EXPECT_LT(first_tie, endif);
-    EXPECT_EQ(endif + 7, run.hh.size());
 }
 
 } // namespace

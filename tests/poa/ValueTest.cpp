@@ -55,15 +55,4 @@ TEST(Value, PoaInterfacesOffWritesNoValueSkeleton)
     EXPECT_EQ(run.hh.find("POA_Checking"), std::string::npos);
 }
 
-// Only a value type whose supported interface is not local gets a skeleton;
-// value boxes and value types without "supports" get none.
-TEST(Value, OnlyValuesSupportingARemoteInterfaceGetASkeleton)
-{
-    poatest::PoaRun run = poatest::run_poa(VALUES_IDL, nullptr);
-    EXPECT_NE(run.hh.find("class POA_Checking :\n"), std::string::npos);
-    EXPECT_NE(run.hh.find("class Savings :\n"), std::string::npos);
-    for (const char* absent : {"Cached", "Plain", "Boxed", "Helper"})
-        EXPECT_EQ(run.hh.find(absent), std::string::npos) << absent;
-}
-
 } // namespace
