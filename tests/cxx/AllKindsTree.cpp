@@ -61,3 +61,11 @@ AllKindsTree::AllKindsTree()
     tree.attribute(i, true, lng, "ro");
     tree.attribute(i, false, var, "rw");
 }
+
+AST_Type* AllKindsTree::type(const std::string& kind) const
+{
+    for (const auto& k : kinds)
+        if (k.first == kind)
+            return k.second;
+    return nullptr;
+}

@@ -25,6 +25,9 @@
 struct AllKindsTree {
     AllKindsTree();
 
+    // The type of the kind named as in `kinds`; null for an unknown name.
+    AST_Type* type(const std::string& kind) const;
+
     CxxTestTree tree;
     AST_Module* m = nullptr;
     AST_Interface* i = nullptr;

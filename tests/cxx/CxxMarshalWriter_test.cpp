@@ -46,14 +46,6 @@ const Row rows[] = {
      "YV_Cxx::Marshal<CORBA::TypeCode_var>::read(i, m);"},
 };
 
-AST_Type* type_of(const AllKindsTree& t, const std::string& kind)
-{
-    for (const auto& k : t.kinds)
-        if (k.first == kind)
-            return k.second;
-    return nullptr;
-}
-
 TEST(CxxMarshalWriter, LeastSizesAndMemberStatementsOfEveryKind)
 {
     AllKindsTree t;
@@ -62,7 +54,7 @@ TEST(CxxMarshalWriter, LeastSizesAndMemberStatementsOfEveryKind)
     CxxMarshalWriter writer(map, resolver);
     for (const Row& r : rows) {
         SCOPED_TRACE(r.kind);
-        AST_Type* type = type_of(t, r.kind);
+        AST_Type* type = t.type(r.kind);
         ASSERT_NE(type, nullptr);
         EXPECT_EQ(writer.min_size(type), r.min_size);
         EXPECT_EQ(writer.write_statement(type, "o", "m"), r.write);

@@ -69,14 +69,6 @@ const Row storage_rows[] = {
     {"mystring", "char*", "char*", "char*", "YV_Cxx::StringStreamable"},
 };
 
-AST_Type* type_of(const AllKindsTree& t, const std::string& kind)
-{
-    for (const auto& k : t.kinds)
-        if (k.first == kind)
-            return k.second;
-    return nullptr;
-}
-
 class CxxTypeMappingTest : public ::testing::Test {
 protected:
     AllKindsTree t;
@@ -88,7 +80,7 @@ TEST_F(CxxTypeMappingTest, ParameterAndResultFormsOfEveryKindFromTheRoot)
     CxxTypeMapping map(resolver, t.tree.root());
     for (const Row& r : param_rows) {
         SCOPED_TRACE(r.kind);
-        AST_Type* type = type_of(t, r.kind);
+        AST_Type* type = t.type(r.kind);
         ASSERT_NE(type, nullptr);
         EXPECT_EQ(map.param(type, CxxTypeMapping::M_in), r.in);
         EXPECT_EQ(map.param(type, CxxTypeMapping::M_inout), r.inout);
@@ -102,7 +94,7 @@ TEST_F(CxxTypeMappingTest, DispatchVariablesAndStreamablesOfEveryKind)
     CxxTypeMapping map(resolver, t.tree.root());
     for (const Row& r : storage_rows) {
         SCOPED_TRACE(r.kind);
-        AST_Type* type = type_of(t, r.kind);
+        AST_Type* type = t.type(r.kind);
         ASSERT_NE(type, nullptr);
         EXPECT_EQ(map.storage(type, CxxTypeMapping::M_in), r.in);
         EXPECT_EQ(map.storage(type, CxxTypeMapping::M_inout), r.inout);
@@ -114,21 +106,21 @@ TEST_F(CxxTypeMappingTest, DispatchVariablesAndStreamablesOfEveryKind)
 TEST_F(CxxTypeMappingTest, NamesAreWrittenAsSeenFromTheMappingsScope)
 {
     CxxTypeMapping from_m(resolver, t.m);
-    EXPECT_EQ(from_m.param(type_of(t, "var"), CxxTypeMapping::M_out), "VarS_out");
-    EXPECT_EQ(from_m.param(type_of(t, "intf"), CxxTypeMapping::M_in), "Other_ptr");
-    EXPECT_EQ(from_m.param(type_of(t, "long"), CxxTypeMapping::M_in), "CORBA::Long");
+    EXPECT_EQ(from_m.param(t.type("var"), CxxTypeMapping::M_out), "VarS_out");
+    EXPECT_EQ(from_m.param(t.type("intf"), CxxTypeMapping::M_in), "Other_ptr");
+    EXPECT_EQ(from_m.param(t.type("long"), CxxTypeMapping::M_in), "CORBA::Long");
     // From inside the interface, a type of the enclosing module is named in full.
     CxxTypeMapping from_i(resolver, t.i);
-    EXPECT_EQ(from_i.param(type_of(t, "enum"), CxxTypeMapping::M_in), "M::E");
+    EXPECT_EQ(from_i.param(t.type("enum"), CxxTypeMapping::M_in), "M::E");
     // Without a scope names are fully scoped.
     CxxTypeMapping no_scope(resolver, nullptr);
-    EXPECT_EQ(no_scope.param(type_of(t, "seq"), CxxTypeMapping::M_return), "M::LongSeq*");
+    EXPECT_EQ(no_scope.param(t.type("seq"), CxxTypeMapping::M_return), "M::LongSeq*");
 }
 
 TEST_F(CxxTypeMappingTest, KindsLookThroughTypedefChains)
 {
-    EXPECT_EQ(CxxTypeMapping::kind_of(type_of(t, "seq2")), CxxTypeMapping::K_sequence);
-    EXPECT_EQ(CxxTypeMapping::kind_of(type_of(t, "mystring")), CxxTypeMapping::K_string);
+    EXPECT_EQ(CxxTypeMapping::kind_of(t.type("seq2")), CxxTypeMapping::K_sequence);
+    EXPECT_EQ(CxxTypeMapping::kind_of(t.type("mystring")), CxxTypeMapping::K_string);
     EXPECT_EQ(CxxTypeMapping::kind_of(t.bounded), CxxTypeMapping::K_string);
     EXPECT_EQ(CxxTypeMapping::kind_of(t.native), CxxTypeMapping::K_native);
     EXPECT_EQ(CxxTypeMapping::kind_of(nullptr), CxxTypeMapping::K_unknown);
@@ -137,11 +129,11 @@ TEST_F(CxxTypeMappingTest, KindsLookThroughTypedefChains)
 TEST_F(CxxTypeMappingTest, TypeCodesOfNamedAndAnonymousTypes)
 {
     CxxTypeMapping map(resolver, t.tree.root());
-    EXPECT_EQ(map.typecode(type_of(t, "long")), "CORBA::_tc_long");
-    EXPECT_EQ(map.typecode(type_of(t, "string")), "CORBA::_tc_string");
-    EXPECT_EQ(map.typecode(type_of(t, "var")), "M::_tc_VarS");
-    EXPECT_EQ(map.typecode(type_of(t, "seq2")), "M::_tc_LongSeq2");
-    EXPECT_EQ(map.typecode(type_of(t, "object")), "CORBA::_tc_Object");
+    EXPECT_EQ(map.typecode(t.type("long")), "CORBA::_tc_long");
+    EXPECT_EQ(map.typecode(t.type("string")), "CORBA::_tc_string");
+    EXPECT_EQ(map.typecode(t.type("var")), "M::_tc_VarS");
+    EXPECT_EQ(map.typecode(t.type("seq2")), "M::_tc_LongSeq2");
+    EXPECT_EQ(map.typecode(t.type("object")), "CORBA::_tc_Object");
     EXPECT_EQ(map.typecode(t.bounded), "&_yv_tc_string_10");
 }
 
@@ -155,20 +147,20 @@ TEST_F(CxxTypeMappingTest, FixedLengthFollowsMembersElementsAndTypedefs)
                  {"fixed", true}, {"intf", false},   {"value", false},   {"mylong", true},  {"typecode", false}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.kind);
-        EXPECT_EQ(isFixedLength(type_of(t, c.kind)), c.fixed);
+        EXPECT_EQ(isFixedLength(t.type(c.kind)), c.fixed);
     }
 }
 
 TEST_F(CxxTypeMappingTest, WideAndNarrowCharactersOfStringTypes)
 {
-    EXPECT_STREQ(wchar_or_char(type_of(t, "string")), "char");
-    EXPECT_STREQ(wchar_or_char(type_of(t, "mystring")), "char");
-    EXPECT_STREQ(wchar_or_char(type_of(t, "wstring")), "CORBA::WChar");
+    EXPECT_STREQ(wchar_or_char(t.type("string")), "char");
+    EXPECT_STREQ(wchar_or_char(t.type("mystring")), "char");
+    EXPECT_STREQ(wchar_or_char(t.type("wstring")), "CORBA::WChar");
 }
 
 TEST_F(CxxTypeMappingTest, NativesInSignaturesAreFound)
 {
-    AST_Operation* plain = t.tree.operation(t.i, type_of(t, "long"), "plain", {arg_in(type_of(t, "var"), "v")});
+    AST_Operation* plain = t.tree.operation(t.i, t.type("long"), "plain", {arg_in(t.type("var"), "v")});
     AST_Typedef* native_td = t.tree.typedef_(t.m, t.native, "NT");
     AST_Operation* by_arg = t.tree.operation(t.i, t.tree.pre(AST_PredefinedType::PT_void), "by_arg", {arg_out(native_td, "n")});
     AST_Operation* by_result = t.tree.operation(t.i, t.native, "by_result");
@@ -177,7 +169,7 @@ TEST_F(CxxTypeMappingTest, NativesInSignaturesAreFound)
     EXPECT_TRUE(op_has_natives(by_arg));
     EXPECT_TRUE(op_has_natives(by_result));
     EXPECT_TRUE(attr_has_natives(attr));
-    EXPECT_FALSE(attr_has_natives(t.tree.attribute(t.i, false, type_of(t, "any"), "plain_attr")));
+    EXPECT_FALSE(attr_has_natives(t.tree.attribute(t.i, false, t.type("any"), "plain_attr")));
     EXPECT_TRUE(isRootScope(t.tree.root()));
     EXPECT_FALSE(isRootScope(t.m));
 }

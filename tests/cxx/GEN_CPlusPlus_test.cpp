@@ -1,4 +1,4 @@
-// The base generator's settings: defaults, option letters, -x switches in
+// The base generator's settings: option letters, -x switches in
 // both directions, and the loadable entry points.
 #include "GEN_CPlusPlus.h"
 
@@ -27,22 +27,6 @@ const SwitchCase switch_cases[] = {
     {"AMICallbacks", &GEN_CPlusPlus::ami_callbacks_on, 1},
     {"AMICallbacks", &GEN_CPlusPlus::ami_messaging_on, 1},
 };
-
-TEST(GEN_CPlusPlusTest, Defaults)
-{
-    GEN_CPlusPlus gen;
-    EXPECT_EQ(gen.header_ext(), YV_String("hh"));
-    EXPECT_EQ(gen.stub_ext(), YV_String("cxx"));
-    EXPECT_EQ(gen.namespace_support(), 1);
-    EXPECT_EQ(gen.dispatch_on(), 1);
-    EXPECT_EQ(gen.RTTI_support(), 0);
-    EXPECT_EQ(gen.ami_callbacks_on(), 0);
-    EXPECT_EQ(gen.ami_messaging_on(), 0);
-    EXPECT_EQ(gen.ami_polling_on(), 0);
-    EXPECT_EQ(gen.declspecs_on(), 0);
-    EXPECT_EQ(gen.enforce_raises_on(), 0);
-    EXPECT_STREQ(gen.plugin_name(), "Cxx");
-}
 
 TEST(GEN_CPlusPlusTest, SwitchesSetAndClearInBothDirections)
 {

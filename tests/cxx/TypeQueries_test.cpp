@@ -6,6 +6,7 @@
 #include "CxxTypeQueries.h"
 #include "IDL_Frontend.h"
 #include "UTL_Scope.h"
+#include "YV_TestSupport.h"
 
 #include <gtest/gtest.h>
 
@@ -33,15 +34,7 @@ TEST(TypeQueries, TypesHeldManyTimesOverAreWorkedOutOnce)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.each);
-        std::string text = std::string(c.first) + "\n";
-        for (int i = 1; i < 64; ++i) {
-            std::string line = c.each;
-            for (std::size_t at; (at = line.find('@')) != std::string::npos;)
-                line.replace(at, 1, std::to_string(i));
-            for (std::size_t at; (at = line.find('$')) != std::string::npos;)
-                line.replace(at, 1, std::to_string(i - 1));
-            text += line + "\n";
-        }
+        const std::string text = std::string(c.first) + "\n" + yvtest::numbered(std::string(c.each) + "\n", 1, 64);
         std::unique_ptr<IDL_GlobalData> data = IDL_Frontend(IDL_FrontendOptions()).parse_text("t.idl", text);
         ASSERT_TRUE(data);
         AST_Type* last = last_type(*data);
