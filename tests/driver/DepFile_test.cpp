@@ -3,24 +3,13 @@
 #include "DriverTest.h"
 
 #include <chrono>
-#include <fstream>
-#include <iterator>
 
 using namespace drivertest;
 
 namespace {
 
-void write_file(const fs::path& path, const std::string& text)
-{
-    fs::create_directories(path.parent_path());
-    std::ofstream(path) << text;
-}
-
-std::string read_file(const fs::path& path)
-{
-    std::ifstream in(path);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
+using yvtest::read_file;
+using yvtest::write_file;
 
 class DepFileTest : public DriverTest {
 protected:

@@ -78,10 +78,8 @@ TEST_F(FullDisk, LeavesOnlyCompleteFilesAndKeepsEarlierOnes)
 {
     // An input whose outputs do not fit; the outputs of an earlier run
     // must survive wherever the new ones cannot be put in place.
-    std::string big = "module Big {\n";
-    for (int i = 0; i < 400; ++i)
-        big += "  interface I" + std::to_string(i) + " { void op(in string s, out long l); };\n";
-    big += "};\n";
+    const std::string big =
+        "module Big {\n" + yvtest::numbered("  interface I@ { void op(in string s, out long l); };\n", 0, 400) + "};\n";
     yvtest::write_file(m_dir + "/roomy/bank_small.idl", big);
     auto reference = yvtest::run_command(command({"-base", "-poa", "bank_small.idl"}), m_dir + "/roomy");
     ASSERT_EQ(reference.status, 0) << reference.err;
