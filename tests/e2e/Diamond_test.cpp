@@ -95,30 +95,7 @@ public:
     void bottom_label(const Shapes::Label& v) { label = v; }
 };
 
-// The most derived skeleton implemented by inheritance.
-class BottomServant : public virtual POA_Shapes::Bottom, public Shape {
-public:
-    CORBA::Long top_op(CORBA::Long x, char*& s, Shapes::Point& p) override { return Shape::top_op(x, s, p); }
-    char* top_name() override { return Shape::top_name(); }
-    void top_name(const char* v) override { Shape::top_name(v); }
-    CORBA::Long top_calls() override { return Shape::top_calls(); }
-    Shapes::Label* left_op(const Shapes::Label& l, CORBA::Long& n, CORBA::String_out s) override
-    {
-        return Shape::left_op(l, n, s);
-    }
-    Shapes::Point left_point() override { return Shape::left_point(); }
-    void left_point(const Shapes::Point& v) override { Shape::left_point(v); }
-    char* right_op(const char* s, Shapes::Point& p, Shapes::Label_out l) override { return Shape::right_op(s, p, l); }
-    CORBA::Double right_ratio() override { return Shape::right_ratio(); }
-    Shapes::Point bottom_op(const Shapes::Point& p, Shapes::Label& l, CORBA::Long_out n) override
-    {
-        return Shape::bottom_op(p, l, n);
-    }
-    Shapes::Label* bottom_label() override { return Shape::bottom_label(); }
-    void bottom_label(const Shapes::Label& v) override { Shape::bottom_label(v); }
-};
-
-// Servants of one side of the diamond only.
+// Servants of one side of the diamond only, and of the whole of it.
 class LeftServant : public virtual POA_Shapes::Left, public Shape {
 public:
     CORBA::Long top_op(CORBA::Long x, char*& s, Shapes::Point& p) override { return Shape::top_op(x, s, p); }
@@ -131,6 +108,19 @@ public:
     }
     Shapes::Point left_point() override { return Shape::left_point(); }
     void left_point(const Shapes::Point& v) override { Shape::left_point(v); }
+};
+
+// The most derived skeleton implemented by inheritance.
+class BottomServant : public virtual POA_Shapes::Bottom, public LeftServant {
+public:
+    char* right_op(const char* s, Shapes::Point& p, Shapes::Label_out l) override { return Shape::right_op(s, p, l); }
+    CORBA::Double right_ratio() override { return Shape::right_ratio(); }
+    Shapes::Point bottom_op(const Shapes::Point& p, Shapes::Label& l, CORBA::Long_out n) override
+    {
+        return Shape::bottom_op(p, l, n);
+    }
+    Shapes::Label* bottom_label() override { return Shape::bottom_label(); }
+    void bottom_label(const Shapes::Label& v) override { Shape::bottom_label(v); }
 };
 
 enum class Kind { derived, tie };
