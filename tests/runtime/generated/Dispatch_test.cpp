@@ -1,6 +1,6 @@
 // The generated skeleton and client of data/Bank.idl served in process, on
-// the colocated path and on the request path (built and run by
-// run_generated_skeleton.sh and by the client generator's run test): values of every kind in every direction,
+// the colocated path and on the request path (built and run by the client
+// generator's run test): values of every kind in every direction,
 // exceptions, attributes, inherited and standard operations, TIE servants.
 #include "BankS.hh"
 
