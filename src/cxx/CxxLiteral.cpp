@@ -125,9 +125,17 @@ std::string CxxLiteral::string_literal(const std::string& bytes, bool wide)
 {
     std::string text = wide ? "L\"" : "\"";
     if (!wide) {
-        for (char c : bytes)
-            text += escaped(static_cast<unsigned char>(c), '"');
-        return text + "\"";
+        // Repository ids and operation names, thousands of them: plain
+        // characters go in as they are.
+        text.reserve(bytes.size() + 2);
+        for (char c : bytes) {
+            const auto code = static_cast<unsigned char>(c);
+            if (plain_char(code) && c != '"' && c != '\\' && c != '?')
+                text += c;
+            else
+                text += escaped(code, '"');
+        }
+        return text += '"';
     }
     bool after_hex = false;
     for (unsigned long cp : code_points(bytes)) {

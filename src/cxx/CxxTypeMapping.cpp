@@ -217,7 +217,42 @@ unsigned long CxxTypeMapping::string_bound(AST_Type* t)
     return s ? s->max_size() : 0;
 }
 
-std::string CxxTypeMapping::scoped_name(AST_Decl* d) const
+CxxTypeTexts::Entry& CxxTypeMapping::texts(AST_Decl* d) const
+{
+    UTL_Scope* from = m_from;
+    switch (d->node_type()) {
+    case AST_Decl::NT_pre_defined:
+    case AST_Decl::NT_string:
+    case AST_Decl::NT_object:
+    case AST_Decl::NT_valuebase:
+    case AST_Decl::NT_fixed:
+        from = nullptr;  // no scoped names in the text
+        break;
+    case AST_Decl::NT_sequence:
+    case AST_Decl::NT_array:
+        break;  // the element's name, seen from the scope
+    default:
+        // A named declaration's texts hold its own name, which a scope
+        // changes only when it encloses the declaration (name_in_scope).
+        if (from) {
+            const std::string& full = m_resolver.scoped_name(d);
+            const std::string& scope = m_resolver.scoped_name(ScopeAsDecl(from));
+            if (scope.empty() || full.size() <= scope.size() + 2 || full.compare(0, scope.size(), scope) != 0 ||
+                full.compare(scope.size(), 2, "::") != 0)
+                from = nullptr;
+        }
+    }
+    return CxxTypeTexts::of(d, m_resolver.number(), m_nested, from);
+}
+
+const std::string& CxxTypeMapping::full_name(AST_Decl* d) const
+{
+    CxxTypeTexts::Entry& e = texts(d);
+    return e.has(CxxTypeTexts::scoped) ? e.texts[CxxTypeTexts::scoped]
+                                       : e.keep(CxxTypeTexts::scoped, make_scoped_name(d));
+}
+
+std::string CxxTypeMapping::make_scoped_name(AST_Decl* d) const
 {
     std::string name = m_from ? m_resolver.name_in_scope(d, m_from) : m_resolver.scoped_name(d);
     if (!m_nested || !d->defined_in())
@@ -242,10 +277,18 @@ std::string CxxTypeMapping::scope_prefix(AST_Decl* d) const
     return full.size() > local.size() ? full.substr(0, full.size() - local.size()) : std::string();
 }
 
-std::string CxxTypeMapping::name(AST_Type* declared) const
+const std::string& CxxTypeMapping::name(AST_Type* declared) const
 {
+    static const std::string void_name("void");
     if (!declared)
-        return "void";
+        return void_name;
+    CxxTypeTexts::Entry& e = texts(declared);
+    return e.has(CxxTypeTexts::name) ? e.texts[CxxTypeTexts::name]
+                                     : e.keep(CxxTypeTexts::name, make_name(declared));
+}
+
+std::string CxxTypeMapping::make_name(AST_Type* declared) const
+{
     switch (declared->node_type()) {
     case AST_Decl::NT_pre_defined: return predefined_base(AST_PredefinedType::narrow_from_decl(declared)->pt());
     case AST_Decl::NT_string: return AST_String::narrow_from_decl(declared)->is_wide() ? "CORBA::WChar*" : "char*";
@@ -268,9 +311,19 @@ std::string CxxTypeMapping::name(AST_Type* declared) const
     }
 }
 
-std::string CxxTypeMapping::param(AST_Type* t, Mode m) const
+const std::string& CxxTypeMapping::param(AST_Type* t, Mode m) const
 {
-    const std::string n = name(t);
+    static const std::string void_name("void"), void_ref("void&");
+    if (!t)
+        return m == M_in || m == M_return ? void_name : void_ref;
+    const auto which = static_cast<CxxTypeTexts::Text>(CxxTypeTexts::param_in + m);
+    CxxTypeTexts::Entry& e = texts(t);
+    return e.has(which) ? e.texts[which] : e.keep(which, make_param(t, m));
+}
+
+std::string CxxTypeMapping::make_param(AST_Type* t, Mode m) const
+{
+    const std::string& n = name(t);
     switch (kind_of(t)) {
     case K_void: return "void";
     case K_basic:
@@ -355,9 +408,19 @@ std::string CxxTypeMapping::storage(AST_Type* t, Mode m) const
     }
 }
 
-std::string CxxTypeMapping::streamable(AST_Type* t) const
+const std::string& CxxTypeMapping::streamable(AST_Type* t) const
 {
-    const std::string n = name(t);
+    static const std::string none;
+    if (!t)
+        return none;
+    CxxTypeTexts::Entry& e = texts(t);
+    return e.has(CxxTypeTexts::streamable) ? e.texts[CxxTypeTexts::streamable]
+                                           : e.keep(CxxTypeTexts::streamable, make_streamable(t));
+}
+
+std::string CxxTypeMapping::make_streamable(AST_Type* t) const
+{
+    const std::string& n = name(t);
     switch (kind_of(t)) {
     case K_basic:
     case K_enum:

@@ -13,6 +13,8 @@
 #include "AST_Argument.h"
 #include "AST_PredefinedType.h"
 
+#include "CxxTypeTexts.h"
+
 #include <set>
 #include <string>
 
@@ -77,14 +79,18 @@ public:
     // The C++ name of the declared type as seen from the mapping's scope:
     // "CORBA::Long", "M::S", "CORBA::Object", "CORBA::Any",
     // "YV_Cxx::FixedT<9, 2>" for fixed<9,2> ...
-    std::string name(AST_Type* declared) const;
+    //
+    // The texts of name, param, streamable and full_name are made once and
+    // kept on the node (CxxTypeTexts): they stay valid as long as the node
+    // and the back end's run.
+    const std::string& name(AST_Type* declared) const;
     // The parameter type for the mode (M_return: the result type).
-    std::string param(AST_Type* t, Mode m) const;
+    const std::string& param(AST_Type* t, Mode m) const;
     // The type of a variable that holds a value of the mode in a
     // request-based dispatch body, whose address a streamable takes.
     std::string storage(AST_Type* t, Mode m) const;
     // The runtime's streamable class for the type.
-    std::string streamable(AST_Type* t) const;
+    const std::string& streamable(AST_Type* t) const;
     // An expression of type CORBA::TypeCode_ptr naming the type's type code
     // ("&_yv_tc_string_10" for an anonymous bounded string).
     std::string typecode(AST_Type* t) const;
@@ -95,7 +101,7 @@ public:
 
     // The C++ name of a declaration as seen from the mapping's scope (fully
     // scoped from the root: "M::S").
-    std::string full_name(AST_Decl* d) const { return scoped_name(d); }
+    const std::string& full_name(AST_Decl* d) const;
     // "M::" for a declaration in module M, "" at file scope, as seen from
     // the mapping's scope.
     std::string scope_prefix(AST_Decl* d) const;
@@ -146,7 +152,13 @@ public:
     static std::string tc_kind(AST_Decl* d);
 
 private:
-    std::string scoped_name(AST_Decl* d) const;
+    const std::string& scoped_name(AST_Decl* d) const { return full_name(d); }
+    std::string make_scoped_name(AST_Decl* d) const;
+    std::string make_name(AST_Type* declared) const;
+    std::string make_param(AST_Type* t, Mode m) const;
+    std::string make_streamable(AST_Type* t) const;
+    // The kept texts of `d` as this mapping writes them.
+    CxxTypeTexts::Entry& texts(AST_Decl* d) const;
 
     NameResolver& m_resolver;
     UTL_Scope* m_from;

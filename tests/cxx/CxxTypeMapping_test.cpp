@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace {
 
 struct Row {
@@ -115,6 +117,33 @@ TEST_F(CxxTypeMappingTest, NamesAreWrittenAsSeenFromTheMappingsScope)
     // Without a scope names are fully scoped.
     CxxTypeMapping no_scope(resolver, nullptr);
     EXPECT_EQ(no_scope.param(t.type("seq"), CxxTypeMapping::M_return), "M::LongSeq*");
+}
+
+// The texts are kept on the nodes: asking in turn from scopes that name a
+// type differently, and with and without the capture guard, must give each
+// its own text whichever was asked first.
+TEST_F(CxxTypeMappingTest, KeptTextsFollowTheScopeAndTheGuard)
+{
+    std::set<std::string> nested{"M"};
+    CxxTypeMapping from_m(resolver, t.m), from_i(resolver, t.i), from_root(resolver, nullptr),
+        guarded(resolver, nullptr);
+    guarded.qualify_against(&nested);
+    AST_Type* e = type_of(t, "enum");
+    AST_Type* var = type_of(t, "var");
+    for (int round = 0; round < 2; ++round) {
+        SCOPED_TRACE(round);
+        EXPECT_EQ(from_i.param(e, CxxTypeMapping::M_inout), "M::E&");
+        EXPECT_EQ(from_m.param(e, CxxTypeMapping::M_inout), "E&");
+        EXPECT_EQ(guarded.param(e, CxxTypeMapping::M_inout), "::M::E&");
+        EXPECT_EQ(from_root.param(e, CxxTypeMapping::M_inout), "M::E&");
+        EXPECT_EQ(from_m.streamable(var), "YV_Cxx::VarStreamable<VarS>");
+        EXPECT_EQ(guarded.streamable(var), "YV_Cxx::VarStreamable<::M::VarS>");
+        EXPECT_EQ(from_i.full_name(var), "M::VarS");
+    }
+    // A second resolver (another back end's run) makes the texts anew.
+    CPPResolver other(nullptr);
+    EXPECT_EQ(CxxTypeMapping(other, t.m).param(e, CxxTypeMapping::M_out), "E_out");
+    EXPECT_EQ(from_root.param(e, CxxTypeMapping::M_out), "M::E_out");
 }
 
 TEST_F(CxxTypeMappingTest, KindsLookThroughTypedefChains)

@@ -19,9 +19,9 @@ CxxClientText::CxxClientText(VIS_Cxx* v)
         m_map.qualify_against(m_gen->capture_guard());
 }
 
-std::string CxxClientText::local(AST_Decl* d) const { return m_resolver.local_name(d); }
+const std::string& CxxClientText::local(AST_Decl* d) const { return m_resolver.local_name(d); }
 
-std::string CxxClientText::full(AST_Decl* d) const { return m_map.full_name(d); }
+const std::string& CxxClientText::full(AST_Decl* d) const { return m_map.full_name(d); }
 
 CxxPrinter CxxClientText::printer() const { return CxxPrinter(m_visitor->stream(), m_visitor->indent()); }
 

@@ -26,8 +26,8 @@ public:
 
     // Names: the resolver's local name, the fully scoped name ("M::S"),
     // and the type mapping with fully scoped names.
-    std::string local(AST_Decl* d) const;
-    std::string full(AST_Decl* d) const;
+    const std::string& local(AST_Decl* d) const;
+    const std::string& full(AST_Decl* d) const;
     const CxxTypeMapping& mapping() const { return m_map; }
 
     // True when declarations of scope `s` go inside a C++ class: the scope

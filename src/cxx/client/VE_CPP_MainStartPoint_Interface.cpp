@@ -8,7 +8,6 @@
 #include "CxxClientText.h"
 #include "CxxRuntimeNames.h"
 #include "CxxLiteral.h"
-#include "CxxNaming.h"
 #include "CxxTypeQueries.h"
 #include "GEN_CPlusPlus.h"
 #include "ReplyHandlerBuilder.h"
@@ -46,20 +45,22 @@ char direction_letter(CxxTypeMapping::Mode m)
 
 } // namespace
 
-std::string VE_CPP_MainStartPoint_Interface::binding(AST_Type* t, CxxTypeMapping::Mode m, const std::string& param)
+VE_CPP_MainStartPoint_Interface::Binding VE_CPP_MainStartPoint_Interface::binding(AST_Type* t,
+                                                                                  CxxTypeMapping::Mode m)
 {
-    const std::string borrowed = "&" + param + ", YV_Cxx::usage_borrow";
+    const Binding address{"&", ""};
+    const Binding borrowed{"&", ", YV_Cxx::usage_borrow"};
     switch (CxxTypeMapping::kind_of(t)) {
     case CxxTypeMapping::K_string:
-    case CxxTypeMapping::K_wstring: return m == CxxTypeMapping::M_inout ? borrowed : "&" + param;
+    case CxxTypeMapping::K_wstring: return m == CxxTypeMapping::M_inout ? borrowed : address;
     case CxxTypeMapping::K_typecode:
     case CxxTypeMapping::K_principal:
     case CxxTypeMapping::K_object:
     case CxxTypeMapping::K_interface:
     case CxxTypeMapping::K_value:
-    case CxxTypeMapping::K_valuebase: return m == CxxTypeMapping::M_out ? "&" + param : borrowed;
-    case CxxTypeMapping::K_array: return m == CxxTypeMapping::M_out && !isFixedLength(t) ? "&" + param : param;
-    default: return "&" + param;
+    case CxxTypeMapping::K_valuebase: return m == CxxTypeMapping::M_out ? address : borrowed;
+    case CxxTypeMapping::K_array: return m == CxxTypeMapping::M_out && !isFixedLength(t) ? address : Binding{"", ""};
+    default: return address;
     }
 }
 
@@ -203,6 +204,7 @@ void VE_CPP_MainStartPoint_Interface::output_proxy_member(CxxPrinter& p, const P
     CxxClientText text(visitor());
     const CxxTypeMapping& map = text.mapping();
     std::vector<std::string> params;
+    params.reserve(m.params.size());
     for (const Param& param : m.params)
         params.push_back(map.param(param.type, param.mode) + " " + param.name);
     p.member_of(m.result_type, m.name, params, "\n");
@@ -220,40 +222,44 @@ void VE_CPP_MainStartPoint_Interface::output_proxy_member(CxxPrinter& p, const P
             p.print("{$id$, &YV_Cxx::read_and_raise<$e$>},\n",
                     {{"id", CxxLiteral::string_literal(e->repoID(), false)}, {"e", text.full(e)}});
     }
-    const std::string count = std::to_string(m.raises.size());
     p.print("static const YV_Cxx::Operation _yvl_op = {$request$, $oneway$, $raises$, $count$};\n",
             {{"request", CxxLiteral::string_literal(m.request, false)},
              {"oneway", m.oneway ? "true" : "false"},
              {"raises", m.raises.empty() ? "nullptr" : "_yvl_raises"},
-             {"count", count}});
-    for (const Param& param : m.params)
-        p.print("$strm$ $var$($binding$);\n", {{"strm", map.streamable(param.type)},
-                                               {"var", yvstrmvar(param.name.c_str())},
-                                               {"binding", binding(param.type, param.mode, param.name)}});
-    const std::string result_strm = yvstrmvar("_result");
+             {"count", CxxPrinter::Num(static_cast<long long>(m.raises.size()))}});
+    // The streamable of parameter a is _yvs_a.
+    for (const Param& param : m.params) {
+        const Binding b = binding(param.type, param.mode);
+        p.print("$strm$ _yvs_$name$($address$$name$$usage$);\n",
+                {{"strm", map.streamable(param.type)}, {"name", param.name}, {"address", b.address}, {"usage", b.usage}});
+    }
     if (m.result) {
         const bool by_value = result_by_value(m.result);
-        p.print("$type$ $var$ = $init$;\n",
-                {{"type", m.result_type}, {"var", result_var}, {"init", by_value ? m.result_type + "()" : "0"}});
+        const CxxPrinter::Vars vars{{"type", m.result_type}, {"var", result_var}};
+        if (by_value)
+            p.print("$type$ $var$ = $type$();\n", vars);
+        else
+            p.print("$type$ $var$ = 0;\n", vars);
         p.print("$strm$ $var$(&$result$$usage$);\n", {{"strm", map.streamable(m.result)},
-                                                     {"var", result_strm},
+                                                     {"var", "_yvs__result"},
                                                      {"result", result_var},
                                                      {"usage", by_value ? "" : ", YV_Cxx::usage_borrow"}});
     }
     // The arguments as an array of streamables with a string of their
     // directions: the runtime builds the argument list.
-    std::string directions;
-    std::string streamables;
-    for (const Param& param : m.params) {
-        directions += direction_letter(param.mode);
-        streamables += (streamables.empty() ? "&" : ", &") + yvstrmvar(param.name.c_str());
+    if (!m.params.empty()) {
+        p.print("YV_Streamable* const $args$[] = {", {{"args", args_var}});
+        p.list(m.params, ", ", [&p](const Param& param) { p.print("&_yvs_$name$", {{"name", param.name}}); });
+        p.print("};\n");
     }
-    if (!m.params.empty())
-        p.print("YV_Streamable* const $args$[] = {$list$};\n", {{"args", args_var}, {"list", streamables}});
+    std::string dirs = "\"";
+    for (const Param& param : m.params)
+        dirs += direction_letter(param.mode);
+    dirs += '"';
     p.print("YV_Cxx::CallArguments::invoke(*this, _yvl_op, $dirs$, $args$, $result$);\n",
-            {{"dirs", m.params.empty() ? std::string("\"\"") : "\"" + directions + "\""},
-             {"args", m.params.empty() ? std::string("nullptr") : std::string(args_var)},
-             {"result", m.result ? "&" + result_strm : std::string("nullptr")}});
+            {{"dirs", dirs},
+             {"args", m.params.empty() ? "nullptr" : args_var},
+             {"result", m.result ? "&_yvs__result" : "nullptr"}});
     if (m.result)
         p.print("return $var$;\n", {{"var", result_var}});
 }

@@ -36,6 +36,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 class AST_Attribute;
@@ -48,11 +49,15 @@ public:
     explicit VE_CPP_MainStartPoint_Interface(VIS_Cxx* v) : VE_Cxx(v), VE_CPP_MainStartPoint_Type(v) {}
     long visit(AST_Decl* d) override;
 
-    // The streamable constructor's arguments that bind a proxy's parameter
-    // `param` of type `t` passed in mode `m` ("&a", "&b, YV_Cxx::usage_borrow",
-    // "a" for an array's slice): the caller's values are read and written
-    // in place and never freed by the streamable.
-    static std::string binding(AST_Type* t, CxxTypeMapping::Mode m, const std::string& param);
+    // How the streamable constructor binds a proxy's parameter `a` of type
+    // `t` passed in mode `m`: "&a", "&a, YV_Cxx::usage_borrow", or "a" for
+    // an array's slice. The caller's values are read and written in place
+    // and never freed by the streamable.
+    struct Binding {
+        const char* address;  // "&" or ""
+        const char* usage;    // ", YV_Cxx::usage_borrow" or ""
+    };
+    static Binding binding(AST_Type* t, CxxTypeMapping::Mode m);
 
 protected:
     // Which interface each reply handler of a handler graph answers for.
@@ -66,7 +71,7 @@ protected:
     };
     // What a proxy member is made of.
     struct ProxyMember {
-        std::string result_type;
+        std::string_view result_type; // a kept text
         AST_Type* result; // null for void
         std::string name; // fully scoped
         std::vector<Param> params;

@@ -62,6 +62,7 @@ public:
     {
         m_defined_in = s;
         m_name_cache.owner = 0;
+        m_kept.reset();
     }
 
     // Non-zero when the declaration comes from the main IDL file rather
@@ -99,6 +100,20 @@ public:
     };
     NameCache& name_cache() const { return m_name_cache; }
 
+    // What a back end works out from the node and keeps on it (the C++
+    // forms of a type, say). `kind` names the class that made it and
+    // `owner` is the number of the name resolver it was made with, so
+    // that a back end takes only its own; the node owns it, and moving the
+    // node drops it.
+    class Kept {
+    public:
+        Kept(const void* kind, unsigned long long owner) : kind(kind), owner(owner) {}
+        virtual ~Kept() = default;
+        const void* const kind;
+        const unsigned long long owner;
+    };
+    std::unique_ptr<Kept>& kept() const { return m_kept; }
+
     // Hands the node to the visit operation of its class.
     virtual long accept(Visitor* v) = 0;
 
@@ -117,6 +132,7 @@ private:
     std::shared_ptr<UTL_String> m_file;
     std::string m_repo_id;
     mutable NameCache m_name_cache;
+    mutable std::unique_ptr<Kept> m_kept;
 };
 
 #endif

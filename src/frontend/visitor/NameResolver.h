@@ -24,6 +24,9 @@ public:
 
     void set_clash_prefix(const char* prefix) { m_clash_prefix = prefix ? prefix : ""; }
     const std::string& clash_prefix() const { return m_clash_prefix; }
+    // This resolver's number, unique in the process: what a back end keeps
+    // on nodes it marks with it (AST_Decl::Kept).
+    unsigned long long number() const { return m_number; }
 
     // Settles the names of the tree below `root` before any text is
     // written. Whether a name changes depends on the name alone, so the base

@@ -1,0 +1,58 @@
+// The C++ texts of a type (its name, parameter types, streamable class)
+// kept on the type's node once CxxTypeMapping has made them: the emitters
+// ask for them at every operation that uses the type.
+//
+// The texts depend on the name resolver, the set of names that get a
+// leading "::" and the scope the names are seen from. The first two are
+// fixed for a run of a back end, so the node keeps the texts of one pair
+// and drops them when another asks; scopes get an entry each. Text is
+// never changed once made, so a reference stays valid as long as the node
+// and the back end's run.
+#ifndef CXXTYPETEXTS_H
+#define CXXTYPETEXTS_H
+
+#include "AST_Decl.h"
+
+#include <forward_list>
+#include <set>
+#include <string>
+
+class UTL_Scope;
+
+class CxxTypeTexts : public AST_Decl::Kept {
+public:
+    enum Text { name, param_in, param_inout, param_out, param_return, streamable, scoped, count };
+
+    struct Entry {
+        explicit Entry(UTL_Scope* from) : from(from) {}
+        bool has(Text t) const { return (made >> t) & 1U; }
+        // Stores `text` as text `t`; answers the kept copy.
+        const std::string& keep(Text t, std::string text)
+        {
+            texts[t] = std::move(text);
+            made |= 1U << t;
+            return texts[t];
+        }
+
+        UTL_Scope* const from;
+        unsigned made = 0;
+        std::string texts[count];
+    };
+
+    // The entry of node `d` for names seen from `from` (null: fully
+    // scoped), made by resolver number `owner` with guard `nested`.
+    static Entry& of(AST_Decl* d, unsigned long long owner, const std::set<std::string>* nested, UTL_Scope* from);
+
+    CxxTypeTexts(unsigned long long owner, const std::set<std::string>* nested)
+        : Kept(&tag, owner), m_nested(nested)
+    {
+    }
+
+private:
+    static const char tag;
+
+    const std::set<std::string>* const m_nested;
+    std::forward_list<Entry> m_entries;
+};
+
+#endif
