@@ -16,6 +16,8 @@ std::string yvstrmvar(const char* name) { return prefixed("_yvs_", name); }
 
 std::string apply_name_format(const std::string& format, const std::string& name)
 {
+    if (format == "%s")
+        return name;
     std::string out;
     bool substituted = false;
     for (std::size_t i = 0; i < format.size(); ++i) {

@@ -126,15 +126,21 @@ bool may_be_provided(AST_Decl* d, NameResolver& resolver)
     return std::find(scopes.begin(), scopes.end(), name) != scopes.end();
 }
 
-void collect(UTL_Scope* s, NameResolver& resolver, std::vector<const ProvidedName*>& found)
+// `top`: `s` is the file scope, whose own declarations are never in the
+// table and whose modules hold its names only under its outermost scopes.
+void collect(UTL_Scope* s, NameResolver& resolver, std::vector<const ProvidedName*>& found, bool top)
 {
+    const std::vector<std::string>& scopes = provided_scopes();
     for (const auto& d : s->decls()) {
         if (!d->in_main_file())
             continue;
         if (d->node_type() == AST_Decl::NT_module) {
-            collect(DeclAsScope(d.get()), resolver, found);
+            if (!top || std::find(scopes.begin(), scopes.end(), resolver.local_name(d.get())) != scopes.end())
+                collect(DeclAsScope(d.get()), resolver, found, false);
             continue;
         }
+        if (top)
+            continue;
         const std::string name = scoped_name(d.get(), resolver);
         for (const ProvidedName& p : provided_names)
             if (name == p.scoped && std::find(found.begin(), found.end(), &p) == found.end())
@@ -161,7 +167,7 @@ std::vector<std::string> CxxRuntimeNames::headers_for(AST_Root* root, NameResolv
 {
     std::vector<const ProvidedName*> found;
     if (root)
-        collect(root, resolver, found);
+        collect(root, resolver, found, true);
     std::sort(found.begin(), found.end()); // the list's order
     std::vector<std::string> headers;
     for (const ProvidedName* p : found)

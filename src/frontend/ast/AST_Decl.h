@@ -94,9 +94,13 @@ public:
     // Where a name resolver keeps the node's scoped name once it has worked
     // it out: back ends ask for names millions of times. `owner` is the
     // resolver's number (0: nothing kept); moving the node drops the text.
+    // `local` is the resolver's local name of the node (the node's own name
+    // or a changed one the resolver holds), kept for resolver `local_owner`.
     struct NameCache {
         unsigned long long owner = 0;
         std::string text;
+        unsigned long long local_owner = 0;
+        const std::string* local = nullptr;
     };
     NameCache& name_cache() const { return m_name_cache; }
 

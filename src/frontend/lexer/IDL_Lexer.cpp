@@ -50,27 +50,42 @@ const KeywordEntry kKeywords[] = {
     {"wchar", IDL_Tok::KwWchar, true},          {"wstring", IDL_Tok::KwWstring, true},
 };
 
-std::string lower(std::string_view s)
-{
-    std::string out(s);
-    for (char& c : out)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return out;
-}
+char fold(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
+// Identifiers are most of the tokens: a spelling is compared only with the
+// keywords of its length, and those whose first letter differs in more
+// than case are passed over at once.
 struct KeywordTables {
-    std::unordered_map<std::string_view, IDL_Tok> exact;
-    // Lower-cased classic keywords, to their spelling.
-    std::unordered_map<std::string, const char*> folded;
+    static constexpr std::size_t kLongest = 11;
+    std::vector<const KeywordEntry*> by_length[kLongest + 1];
 
     KeywordTables()
     {
-        for (const KeywordEntry& k : kKeywords) {
-            exact.emplace(k.spelling, k.kind);
-            if (k.classic)
-                folded.emplace(lower(k.spelling), k.spelling);
+        for (const KeywordEntry& k : kKeywords)
+            by_length[std::strlen(k.spelling)].push_back(&k);
+    }
+
+    // The keyword spelt `s`, or null; `case_twin` is set to a classic
+    // keyword that `s` spells in other case.
+    const KeywordEntry* find(std::string_view s, const KeywordEntry*& case_twin) const
+    {
+        case_twin = nullptr;
+        if (s.size() > kLongest)
+            return nullptr;
+        for (const KeywordEntry* k : by_length[s.size()]) {
+            if (fold(k->spelling[0]) != fold(s[0]))
+                continue;
+            if (std::memcmp(k->spelling, s.data(), s.size()) == 0)
+                return k;
+            if (k->classic && !case_twin) {
+                std::size_t i = 1;
+                while (i < s.size() && fold(k->spelling[i]) == fold(s[i]))
+                    ++i;
+                if (i == s.size())
+                    case_twin = k;
+            }
         }
+        return nullptr;
     }
 };
 
@@ -119,9 +134,9 @@ std::string show_byte(unsigned char c)
 
 IDL_Tok IDL_Lexer::keyword(std::string_view s)
 {
-    const auto& exact = keyword_tables().exact;
-    auto it = exact.find(s);
-    return it == exact.end() ? IDL_Tok::Identifier : it->second;
+    const KeywordEntry* case_twin;
+    const KeywordEntry* k = keyword_tables().find(s, case_twin);
+    return k ? k->kind : IDL_Tok::Identifier;
 }
 
 std::string IDL_Lexer::describe(IDL_Tok kind)
@@ -393,14 +408,11 @@ void IDL_Lexer::identifier()
         return;
     }
     std::string_view spelling(start, static_cast<std::size_t>(m_p - start));
-    IDL_Tok kind = keyword(spelling);
-    if (kind == IDL_Tok::Identifier && spelling.size() <= 12) {
-        const auto& folded = keyword_tables().folded;
-        auto it = folded.find(lower(spelling));
-        if (it != folded.end())
-            error_at(start, IDL_Diag::LEX_KEYWORD_CASE, {std::string(spelling), it->second});
-    }
-    push(kind, start, m_p);
+    const KeywordEntry* case_twin;
+    const KeywordEntry* k = keyword_tables().find(spelling, case_twin);
+    if (!k && case_twin)
+        error_at(start, IDL_Diag::LEX_KEYWORD_CASE, {std::string(spelling), case_twin->spelling});
+    push(k ? k->kind : IDL_Tok::Identifier, start, m_p);
 }
 
 void IDL_Lexer::number()

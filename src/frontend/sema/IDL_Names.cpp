@@ -302,7 +302,7 @@ AST_Decl* IDL_Names::resolve(UTL_Scope* from, const IDL_ScopedName& n)
                 if (!user)
                     user = t;
                 else if (d)
-                    user->introduced.emplace(std::string_view(d->local_name()->str()), d);
+                    user->introduced.try_emplace(std::string_view(d->local_name()->str()), d);
             }
     }
     for (std::size_t i = 0; !failed; ++i) {

@@ -15,7 +15,8 @@ std::vector<AST_Decl*> chain_of(AST_Decl* d)
     std::vector<AST_Decl*> chain;
     for (AST_Decl* cur = d; cur && cur->node_type() != AST_Decl::NT_root; cur = ScopeAsDecl(cur->defined_in()))
         chain.push_back(cur);
-    return std::vector<AST_Decl*>(chain.rbegin(), chain.rend());
+    std::reverse(chain.begin(), chain.end());
+    return chain;
 }
 
 // The first opening of a module, so that all openings count as one scope.
@@ -127,7 +128,20 @@ std::string IDL_RepoIds::make_id(const Entry& e) const
             }
         }
     }
-    std::string id = "IDL:" + *prefix;
+    static const std::string default_version = "1.0";
+    const std::string* version = &default_version;
+    if (!m_versions.empty()) {
+        auto it = m_versions.find(e.decl);
+        if (it != m_versions.end())
+            version = &it->second;
+    }
+    std::size_t size = 5 + prefix->size() + version->size();
+    for (std::size_t i = skip; i < chain.size(); ++i)
+        size += 1 + chain[i]->local_name()->str().size();
+    std::string id;
+    id.reserve(size);
+    id += "IDL:";
+    id += *prefix;
     bool first = prefix->empty();
     for (std::size_t i = skip; i < chain.size(); ++i) {
         if (!first)
@@ -135,13 +149,9 @@ std::string IDL_RepoIds::make_id(const Entry& e) const
         id += chain[i]->local_name()->str();
         first = false;
     }
-    std::string version = "1.0";
-    if (!m_versions.empty()) {
-        auto it = m_versions.find(e.decl);
-        if (it != m_versions.end())
-            version = it->second;
-    }
-    return id + ":" + version;
+    id += ':';
+    id += *version;
+    return id;
 }
 
 void IDL_RepoIds::assign()

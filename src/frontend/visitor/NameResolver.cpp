@@ -47,13 +47,20 @@ const std::string& NameResolver::local_name(AST_Decl* d)
     static const std::string none;
     if (!d)
         return none;
+    AST_Decl::NameCache& kept = d->name_cache();
+    if (kept.local_owner == m_number)
+        return *kept.local;
     const std::string& name = d->local_name()->str();
-    if (!is_reserved(name))
-        return name;
-    auto it = m_changed.find(name);
-    if (it == m_changed.end())
-        it = m_changed.emplace(name, m_clash_prefix + name).first;
-    return it->second;
+    kept.local = &name;
+    if (is_reserved(name)) {
+        // Entries of the map stay where they are as it grows.
+        auto it = m_changed.find(name);
+        if (it == m_changed.end())
+            it = m_changed.emplace(name, m_clash_prefix + name).first;
+        kept.local = &it->second;
+    }
+    kept.local_owner = m_number;
+    return *kept.local;
 }
 
 const std::string& NameResolver::scoped_name(AST_Decl* d)

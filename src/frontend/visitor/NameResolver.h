@@ -35,9 +35,10 @@ public:
     virtual void resolve_clashes(AST_Decl* root);
 
     // The name of `d` after clash resolution. Back ends ask for names
-    // millions of times: an unchanged name (nearly all) costs one lookup in
-    // the reserved words. The result lives as long as the node (or, for a
-    // changed name, as long as the resolver).
+    // millions of times: the reserved words are looked up once per node, and
+    // the answer is kept on the node (AST_Decl::name_cache). The result
+    // lives as long as the node (or, for a changed name, as long as the
+    // resolver).
     virtual const std::string& local_name(AST_Decl* d);
 
     // M::I for I in module M (no leading "::"), made once per node and kept
