@@ -6,11 +6,11 @@ CxxTypeTexts::Entry& CxxTypeTexts::of(AST_Decl* d, unsigned long long owner, con
                                       UTL_Scope* from)
 {
     std::unique_ptr<AST_Decl::Kept>& slot = d->kept();
-    if (!slot || slot->kind != &tag || slot->owner != owner || static_cast<CxxTypeTexts&>(*slot).m_nested != nested)
-        slot = std::make_unique<CxxTypeTexts>(owner, nested);
+    if (!slot || slot->kind != &tag || slot->owner != owner)
+        slot = std::make_unique<CxxTypeTexts>(owner);
     auto* kept = static_cast<CxxTypeTexts*>(slot.get());
     for (Entry& e : kept->m_entries)
-        if (e.from == from)
+        if (e.from == from && e.nested == nested)
             return e;
-    return kept->m_entries.emplace_front(from);
+    return kept->m_entries.emplace_front(nested, from);
 }

@@ -3,11 +3,11 @@
 // ask for them at every operation that uses the type.
 //
 // The texts depend on the name resolver, the set of names that get a
-// leading "::" and the scope the names are seen from. The first two are
-// fixed for a run of a back end, so the node keeps the texts of one pair
-// and drops them when another asks; scopes get an entry each. Text is
-// never changed once made, so a reference stays valid as long as the node
-// and the back end's run.
+// leading "::" and the scope the names are seen from. The resolver is
+// fixed for a run of a back end, so the node keeps the texts of one
+// resolver and drops them when another asks; each pair of guard and scope
+// gets an entry. Text is never changed once made, so a reference stays
+// valid as long as the node and the back end's run.
 #ifndef CXXTYPETEXTS_H
 #define CXXTYPETEXTS_H
 
@@ -24,7 +24,7 @@ public:
     enum Text { name, param_in, param_inout, param_out, param_return, streamable, scoped, count };
 
     struct Entry {
-        explicit Entry(UTL_Scope* from) : from(from) {}
+        Entry(const std::set<std::string>* nested, UTL_Scope* from) : nested(nested), from(from) {}
         bool has(Text t) const { return (made >> t) & 1U; }
         // Stores `text` as text `t`; answers the kept copy.
         const std::string& keep(Text t, std::string text)
@@ -34,6 +34,7 @@ public:
             return texts[t];
         }
 
+        const std::set<std::string>* const nested;
         UTL_Scope* const from;
         unsigned made = 0;
         std::string texts[count];
@@ -43,15 +44,11 @@ public:
     // scoped), made by resolver number `owner` with guard `nested`.
     static Entry& of(AST_Decl* d, unsigned long long owner, const std::set<std::string>* nested, UTL_Scope* from);
 
-    CxxTypeTexts(unsigned long long owner, const std::set<std::string>* nested)
-        : Kept(&tag, owner), m_nested(nested)
-    {
-    }
+    explicit CxxTypeTexts(unsigned long long owner) : Kept(&tag, owner) {}
 
 private:
     static const char tag;
 
-    const std::set<std::string>* const m_nested;
     std::forward_list<Entry> m_entries;
 };
 
