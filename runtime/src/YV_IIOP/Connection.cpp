@@ -38,7 +38,6 @@ Connection::~Connection() = default;
 
 void Connection::attach(Reactor::Watching what)
 {
-    m_edge = what == Reactor::stream;
     m_reactor.add(m_socket.fd(), shared_from_this(), what);
 }
 
@@ -88,25 +87,20 @@ void Connection::refuse(Version version)
 
 void Connection::on_ready(bool hangup, Reactor::Later& later)
 {
-    if (!m_edge) {
-        std::lock_guard<std::mutex> lock(m_reading);
-        read_locked(hangup, later, false);
-        return;
+    std::lock_guard<std::mutex> lock(m_reading);
+    read_locked(hangup, later, false);
+}
+
+Reactor::Held Connection::hold(Reactor::Later& later)
+{
+    std::lock_guard<std::mutex> lock(m_reading);
+    // A message may come in several reads: wait until it is whole, or the
+    // socket stays quiet for a receive timeout.
+    while (!m_finished && read_locked(false, later, true) && later.empty()) {
     }
-    if (hangup)
-        m_hangup = true;
-    m_wanted = true;
-    // Whoever holds the reading lock sees m_wanted once it lets go.
-    while (m_reading.try_lock()) {
-        std::lock_guard<std::mutex> lock(m_reading, std::adopt_lock);
-        if (!m_wanted.exchange(false))
-            return;
-        if (!read_locked(m_hangup, later, false)) {
-            // Left octets for fairness: no new event tells of them.
-            m_reactor.again(shared_from_this());
-            return;
-        }
-    }
+    if (m_finished)
+        return later.empty() ? Reactor::ended : Reactor::work;
+    return later.empty() ? Reactor::idle : Reactor::work;
 }
 
 void Connection::read_available(Reactor::Later& later, bool wait)
@@ -119,19 +113,12 @@ bool Connection::read_locked(bool hangup, Reactor::Later& later, bool wait)
 {
     if (m_finished)
         return true;
-    // Edge-triggered, a closed peer is read to its end; one-shot, the
-    // reactor calls again while octets are left.
-    bool end = hangup && !m_edge;
-    const bool to_the_end = hangup && m_edge;
-    bool stopped = true;
+    // The reactor calls again while octets are left.
+    bool end = hangup;
+    bool read = true;
     // A few reads per turn, so that one busy peer does not starve the
-    // others (the reactor calls again while octets are waiting; an
-    // edge-triggered caller asks it to).
-    for (int turn = 0;; ++turn) {
-        if (turn == 16) {
-            stopped = false;
-            break;
-        }
+    // others (the reactor calls again while octets are waiting).
+    for (int turn = 0; turn < 16; ++turn) {
         unsigned char* into;
         std::size_t room;
         int flags = wait && turn == 0 ? 0 : MSG_DONTWAIT;
@@ -159,12 +146,9 @@ bool Connection::read_locked(bool hangup, Reactor::Later& later, bool wait)
                 if (m_large_filled < m_large.octets.size())
                     continue;
                 m_reading_large = false;
-                // Octets behind the message: an edge-triggered reader must
-                // find them now; a one-shot watch or a waiting client sees
-                // them on its next read.
-                if (!take(std::move(m_large), later) || !m_edge)
-                    break;
-                continue;
+                // Octets behind the message are found on the next read.
+                take(std::move(m_large), later);
+                break;
             }
             m_end += static_cast<std::size_t>(n);
             if (m_draining) {
@@ -173,20 +157,22 @@ bool Connection::read_locked(bool hangup, Reactor::Later& later, bool wait)
             } else {
                 read_messages(later);
             }
-            if (static_cast<std::size_t>(n) < room && !m_reading_large && !to_the_end)
+            if (static_cast<std::size_t>(n) < room && !m_reading_large)
                 break;
             continue;
         }
         if (n < 0 && errno == EINTR)
             continue;
-        if (n < 0 && (errno == EAGAIN || errno == EWOULDBLOCK))
+        if (n < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) {
+            read = turn != 0;
             break;
+        }
         end = true;  // end of stream or an error
         break;
     }
     if (end)
         finish();
-    return stopped;
+    return read;
 }
 
 void Connection::read_messages(Reactor::Later& later)

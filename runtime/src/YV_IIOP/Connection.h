@@ -49,6 +49,9 @@ public:
     int fd() const { return m_socket.fd(); }
 
     void on_ready(bool hangup, Reactor::Later& later) override;
+    // Waits in a read for the next input, at most the socket's receive
+    // timeout (a connection watched `held`).
+    Reactor::Held hold(Reactor::Later& later) override;
 
     // How long a send may wait for the peer to read.
     static constexpr std::chrono::seconds send_timeout{60};
@@ -70,7 +73,7 @@ protected:
     Reactor& reactor() { return m_reactor; }
 
 private:
-    // False when it stopped before the socket was empty.
+    // False when nothing came.
     bool read_locked(bool hangup, Reactor::Later& later, bool wait);
     void read_messages(Reactor::Later& later);
     // A message read whole: fragments are put together, whole messages
@@ -96,11 +99,6 @@ private:
     YV_GIOP::Message m_large;
     std::size_t m_large_filled = 0;
     bool m_reading_large = false;
-    // Watched edge-triggered: an event while another thread reads is left
-    // to that thread, which reads again when it sees m_wanted.
-    bool m_edge = false;
-    std::atomic<bool> m_wanted{false};
-    std::atomic<bool> m_hangup{false};
     std::mutex m_write;
     std::atomic<bool> m_closed{false};
     bool m_draining = false;

@@ -22,7 +22,7 @@ std::uint64_t tag(int fd, std::uint32_t generation)
 
 Reactor::Reactor(std::size_t max_threads, std::size_t idle_threads, std::chrono::milliseconds idle_time)
     : m_max(std::max<std::size_t>(max_threads, 1)), m_keep(std::max<std::size_t>(idle_threads, 1)),
-      m_idle_time(idle_time)
+      m_idle_time(idle_time), m_max_holders(m_max > 2 ? std::min(m_max - 2, max_holders) : 0)
 {
     m_epoll = ::epoll_create1(EPOLL_CLOEXEC);
     m_wake = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
@@ -88,11 +88,11 @@ void Reactor::add(int fd, std::shared_ptr<Handler> handler, Watching what)
     const std::uint32_t generation = m_generation;
     const std::uint32_t events = what == hangup_only ? EPOLLRDHUP : EPOLLIN | EPOLLRDHUP;
     epoll_event e{};
-    e.events = events | (what == stream ? EPOLLET : EPOLLONESHOT);
+    e.events = events | EPOLLONESHOT;
     e.data.u64 = tag(fd, generation);
     if (::epoll_ctl(m_epoll, EPOLL_CTL_ADD, fd, &e) != 0)
         throw std::system_error(errno, std::generic_category(), "epoll_ctl");
-    m_handlers[fd] = Watch{generation, e.events & ~EPOLLONESHOT, std::move(handler)};
+    m_handlers[fd] = Watch{generation, events, what == held, std::move(handler)};
 }
 
 void Reactor::remove(int fd)
@@ -111,11 +111,14 @@ void Reactor::remove(int fd)
 void Reactor::rearm(int fd, std::uint32_t generation)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
+    rearm_locked(fd, generation);
+}
+
+void Reactor::rearm_locked(int fd, std::uint32_t generation)
+{
     auto found = m_handlers.find(fd);
     if (found == m_handlers.end() || found->second.generation != generation)
         return;  // removed meanwhile
-    if (found->second.events & EPOLLET)
-        return;  // never disarmed
     epoll_event e{};
     e.events = found->second.events | EPOLLONESHOT;
     e.data.u64 = tag(fd, generation);
@@ -140,20 +143,61 @@ void Reactor::post_after(Clock::duration delay, std::function<void()> work)
     wake();
 }
 
-void Reactor::again(std::shared_ptr<Handler> handler)
-{
-    post([this, handler] { handle(handler, false, -1, 0); });
-}
-
-void Reactor::handle(const std::shared_ptr<Handler>& handler, bool hangup, int fd, std::uint32_t generation)
+void Reactor::handle(const std::shared_ptr<Handler>& handler, bool hangup, int fd, std::uint32_t generation,
+                     bool holdable)
 {
     Later later;
     handler->on_ready(hangup, later);
+    if (later.empty()) {
+        if (generation != 0)
+            rearm(fd, generation);
+        return;
+    }
+    Holder holder;
+    holder.fd = fd;
+    holder.generation = generation;
+    if (keep_followers(holdable ? &holder : nullptr)) {
+        hold(handler, later, holder);
+        done_with_work(&holder);
+        return;
+    }
     if (generation != 0)
         rearm(fd, generation);
-    if (later.empty())
+    run_work(later);
+    done_with_work(nullptr);
+}
+
+void Reactor::hold(const std::shared_ptr<Handler>& handler, Later& later, Holder& holder)
+{
+    for (;;) {
+        run_work(later);
+        int serving = Holder::serving;
+        if (!holder.state.compare_exchange_strong(serving, Holder::waiting))
+            return;  // the standby watches the socket again
+        if (m_stopping) {
+            rearm(holder.fd, holder.generation);
+            return;
+        }
+        switch (handler->hold(later)) {
+        case work:
+            if (!later.empty()) {
+                holder.served.fetch_add(1);
+                holder.state.store(Holder::serving);
+                continue;
+            }
+            break;
+        case idle:
+            break;
+        case ended:
+            return;
+        }
+        rearm(holder.fd, holder.generation);
         return;
-    keep_a_follower();
+    }
+}
+
+void Reactor::run_work(Later& later)
+{
     for (std::function<void()>& w : later) {
         try {
             w();
@@ -162,8 +206,6 @@ void Reactor::handle(const std::shared_ptr<Handler>& handler, bool hangup, int f
         }
     }
     later.clear();
-    std::lock_guard<std::mutex> lock(m_mutex);
-    --m_busy;
 }
 
 void Reactor::wake()
@@ -206,13 +248,29 @@ bool Reactor::follow(std::unique_lock<std::mutex>& lock)
     // keeps serving a connection and nobody wakes for nothing.
     m_standing_by = true;
     bool away = false;
+    bool watching = false;
+    Clock::time_point looked;
     std::uint64_t turn = 0;
     for (;;) {
-        m_idle.wait_for(lock, away ? takeover_time : watch_time);
-        if (m_stopping || (!m_leader && away && turn == m_leader_turns))
+        m_idle.wait_for(lock, away || watching ? takeover_time : watch_time);
+        if (m_stopping)
+            break;
+        if (m_lead_now) {
+            m_lead_now = false;
+            if (!m_leader)
+                break;
+        }
+        if (!m_leader && away && turn == m_leader_turns)
             break;
         away = !m_leader;
         turn = m_leader_turns;
+        // A holder seen serving one request is released when it still
+        // serves that request a whole takeover time later.
+        const Clock::time_point now = Clock::now();
+        if (!watching || now - looked >= takeover_time) {
+            watching = release_stuck_holders(watching);
+            looked = now;
+        }
     }
     m_standing_by = false;
     // One of the sleeping threads stands by next.
@@ -220,12 +278,56 @@ bool Reactor::follow(std::unique_lock<std::mutex>& lock)
     return true;
 }
 
-void Reactor::keep_a_follower()
+bool Reactor::keep_followers(Holder* holder)
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     ++m_busy;
-    if (m_threads.size() - m_finished.size() <= m_busy)
+    const bool holding = holder != nullptr && !m_stopping && m_holders.size() < m_max_holders;
+    // One free thread leads; while threads hold sockets, another stands by
+    // to watch them.
+    const std::size_t free = holding || !m_holders.empty() ? 2 : 1;
+    while (!m_stopping && m_threads.size() < m_max && m_threads.size() - m_finished.size() < m_busy + free)
         spawn(lock);
+    if (!holding)
+        return false;
+    m_holders.push_back(holder);
+    if (!m_leader) {
+        // This thread led and stays away: the standby leads now.
+        m_lead_now = true;
+        m_idle.notify_all();
+    }
+    return true;
+}
+
+void Reactor::done_with_work(Holder* holder)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    --m_busy;
+    if (holder != nullptr)
+        m_holders.erase(std::find(m_holders.begin(), m_holders.end(), holder));
+}
+
+bool Reactor::release_stuck_holders(bool confirm)
+{
+    bool watching = false;
+    for (Holder* h : m_holders) {
+        const std::uint64_t served = h->served.load();
+        const bool serving = h->state.load() == Holder::serving;
+        if (!serving || (confirm && h->seen != served)) {
+            h->seen = Holder::no_request;
+            continue;
+        }
+        if (!confirm) {
+            h->seen = served;
+            watching = true;
+            continue;
+        }
+        int expected = Holder::serving;
+        if (h->state.compare_exchange_strong(expected, Holder::released))
+            rearm_locked(h->fd, h->generation);
+        h->seen = Holder::no_request;
+    }
+    return watching;
 }
 
 void Reactor::run()
@@ -286,18 +388,15 @@ void Reactor::run()
             continue;
         }
         std::shared_ptr<Handler> handler;
-        bool edge = false;
+        bool holdable = false;
         auto found = m_handlers.find(fd);
         if (found != m_handlers.end() && found->second.generation == generation) {
             handler = found->second.handler;
-            edge = (found->second.events & EPOLLET) != 0;
+            holdable = found->second.holdable;
         }
         lock.unlock();
         if (handler) {
-            // An edge-triggered socket that the peer closed has to be read
-            // to its end now: no later event would say so.
-            const std::uint32_t ended = EPOLLHUP | EPOLLERR | (edge ? static_cast<std::uint32_t>(EPOLLRDHUP) : 0u);
-            handle(handler, (event.events & ended) != 0, fd, generation);
+            handle(handler, (event.events & (EPOLLHUP | EPOLLERR)) != 0, fd, generation, holdable);
             handler.reset();
         }
         lock.lock();

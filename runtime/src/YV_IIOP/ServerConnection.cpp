@@ -7,11 +7,14 @@ namespace YV_IIOP {
 
 using namespace YV_GIOP;
 
+constexpr std::chrono::milliseconds ServerConnection::hold_time;
+
 ServerConnection::ServerConnection(Reactor& reactor, Socket socket, std::size_t max_message, WorkerPool& pool,
                                    const Handler& handler, std::function<void(ServerConnection*)> on_lost)
     : Connection(reactor, std::move(socket), max_message), m_pool(pool), m_handler(handler),
       m_on_lost(std::move(on_lost))
 {
+    Socket::receive_timeout(fd(), hold_time);
 }
 
 void ServerConnection::code_sets(const CodeSets::Context& chosen)

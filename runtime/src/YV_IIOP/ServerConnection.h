@@ -1,8 +1,9 @@
 // A connection a client opened to this ORB. Requests and locate requests go
 // to the request handler (the ORB's server dispatcher), which answers
-// through send(): on the reactor thread that read them, once the socket is
-// watched again (when one read brings several requests, the earlier ones go
-// to the worker pool). CancelRequest is
+// through send(): on the reactor thread that read them, which then waits on
+// the connection for the next one, at most `hold_time` (when one read
+// brings several requests, the earlier ones go to the worker pool).
+// CancelRequest is
 // ignored (the reply, if any, is sent anyway and the client drops it);
 // CloseConnection and MessageError from the client end the connection;
 // replies sent to a server are ignored.
@@ -13,6 +14,7 @@
 #include "YV_IIOP/Connection.h"
 #include "YV_IIOP/WorkerPool.h"
 
+#include <chrono>
 #include <functional>
 #include <mutex>
 
@@ -28,6 +30,10 @@ public:
     // The transmission code sets the client chose, once it said.
     void code_sets(const YV_GIOP::CodeSets::Context& chosen);
     bool code_sets(YV_GIOP::CodeSets::Context& chosen) const;
+
+    // How long the thread that answered a request waits on the connection
+    // for the next one before the reactor watches it again.
+    static constexpr std::chrono::milliseconds hold_time{20};
 
     // Tells the client that this server closes the connection (it may
     // send its unanswered requests again elsewhere), then closes it.

@@ -60,6 +60,14 @@ void Socket::tune(int fd)
     ::setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &one, sizeof one);
 }
 
+void Socket::receive_timeout(int fd, std::chrono::milliseconds timeout)
+{
+    timeval t{};
+    t.tv_sec = static_cast<time_t>(timeout.count() / 1000);
+    t.tv_usec = static_cast<suseconds_t>(timeout.count() % 1000 * 1000);
+    ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &t, sizeof t);
+}
+
 Socket Socket::listen(const std::string& host, std::uint16_t port)
 {
     addrinfo hints{};

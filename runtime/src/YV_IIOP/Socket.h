@@ -43,6 +43,8 @@ public:
     // thread with nothing else to do may wait in recv; every read and write
     // that must not wait says so (MSG_DONTWAIT).
     static void tune(int fd);
+    // A blocking read on `fd` gives up (EAGAIN) after `timeout`.
+    static void receive_timeout(int fd, std::chrono::milliseconds timeout);
     // Writes all of `data`, waiting while the socket is full; false when
     // the peer is gone (or `deadline` passes).
     static bool write_all(int fd, const unsigned char* data, std::size_t size,

@@ -38,7 +38,7 @@ void Transport::accepted(Socket socket)
             return;
         m_served[connection.get()] = connection;
     }
-    connection->attach(Reactor::stream);
+    connection->attach(Reactor::held);
 }
 
 std::shared_ptr<ClientConnection> Transport::connect(const std::string& host, std::uint16_t port, bool& refused)
