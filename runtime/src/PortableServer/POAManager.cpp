@@ -69,14 +69,14 @@ void POAManager::change(State to, CORBA::Boolean wait_for_completion)
         YV_ORB::ORBCore::instance().run_later(std::move(request));
 }
 
-POAManager::Admission POAManager::_yv_admit(std::function<void()>& retry)
+POAManager::Admission POAManager::_yv_admit(const std::function<std::function<void()>()>& retry)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     switch (m_state) {
     case HOLDING:
         if (m_held.size() >= max_held)
             throw CORBA::TRANSIENT(0x4f4d0001, CORBA::COMPLETED_NO);
-        m_held.push_back(std::move(retry));
+        m_held.push_back(retry());
         return queued;
     case DISCARDING:
         throw CORBA::TRANSIENT(0x4f4d0001, CORBA::COMPLETED_NO);

@@ -7,13 +7,22 @@ namespace YV_GIOP {
 
 void RequestHeader::write(YV_CDR::OutputStream& out, Version version) const
 {
+    write(out, version, request_id, response_flags, target, operation.c_str(), service_contexts,
+          requesting_principal);
+}
+
+void RequestHeader::write(YV_CDR::OutputStream& out, Version version, CORBA::ULong request_id,
+                          CORBA::Octet response_flags, const TargetAddress& target, const char* operation,
+                          const ServiceContextList& service_contexts,
+                          const std::vector<CORBA::Octet>& requesting_principal)
+{
     if (version.minor >= 2) {
         out.write_ulong(request_id);
         out.write_octet(response_flags);
         const CORBA::Octet reserved[3] = {0, 0, 0};
         out.write_octet_array(reserved, 3);
         target.write(out);
-        write_text(out, operation);
+        out.write_string(operation);
         service_contexts.write(out);
         return;
     }
@@ -21,13 +30,13 @@ void RequestHeader::write(YV_CDR::OutputStream& out, Version version) const
         throw CORBA::INTERNAL(0, CORBA::COMPLETED_NO);
     service_contexts.write(out);
     out.write_ulong(request_id);
-    out.write_boolean(response_expected());
+    out.write_boolean((response_flags & 0x01) != 0);
     if (version.minor == 1) {
         const CORBA::Octet reserved[3] = {0, 0, 0};
         out.write_octet_array(reserved, 3);
     }
     write_octet_seq(out, target.object_key);
-    write_text(out, operation);
+    out.write_string(operation);
     write_octet_seq(out, requesting_principal);
 }
 

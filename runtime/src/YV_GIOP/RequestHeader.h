@@ -36,6 +36,11 @@ struct RequestHeader {
     // Writes the header for `version` (1.0 and 1.1 write the object key,
     // which must then be a KeyAddr target). Does not align the body.
     void write(YV_CDR::OutputStream& out, Version version) const;
+    // The same from the caller's values, without copying them into a header.
+    static void write(YV_CDR::OutputStream& out, Version version, CORBA::ULong request_id,
+                      CORBA::Octet response_flags, const TargetAddress& target, const char* operation,
+                      const ServiceContextList& service_contexts,
+                      const std::vector<CORBA::Octet>& requesting_principal);
     static RequestHeader read(YV_CDR::InputStream& in, Version version);
 };
 

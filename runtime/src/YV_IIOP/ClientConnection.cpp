@@ -19,59 +19,83 @@ ClientConnection::Result ClientConnection::call(CORBA::ULong request_id, const u
                                                 std::size_t size, Message& reply,
                                                 std::chrono::steady_clock::time_point deadline)
 {
-    auto pending = std::make_shared<Pending>();
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_gone)
-            return retry;
-        m_version = Version{message[4], message[5]};
-        m_pending[request_id] = pending;
-    }
-    if (!send(message, size)) {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_pending.erase(request_id);
-        // Nothing was answered: the server saw at most part of a message.
+    Pending waiting;
+    Pending* const pending = &waiting;
+    std::unique_lock<std::mutex> lock(m_mutex);
+    if (m_gone)
         return retry;
-    }
+    m_version = Version{message[4], message[5]};
+    m_pending.emplace_back(request_id, pending);
     // The caller reads the connection itself while no other caller does
     // (no thread switch between the reply and its caller); a reply read by
     // another caller is handed over.
-    std::unique_lock<std::mutex> lock(m_mutex);
-    while (!pending->done) {
+    bool reading = !m_reader;
+    m_reader = true;
+    lock.unlock();
+    if (!send(message, size)) {
+        lock.lock();
+        take_pending(request_id);
+        if (reading) {
+            m_reader = false;
+            m_answered.notify_all();
+        }
+        // Nothing was answered: the server saw at most part of a message.
+        return retry;
+    }
+    if (!reading)
+        lock.lock();
+    for (;;) {
+        if (reading) {
+            Reactor::Later none;
+            bool ready = true;
+            if (deadline == std::chrono::steady_clock::time_point::max()) {
+                // Waits in recv itself: one call instead of poll and recv.
+                read_available(none, true);
+            } else {
+                ready = Socket::wait_readable(fd(), deadline);
+                if (ready)
+                    read_available(none);
+            }
+            lock.lock();
+            m_reader = false;
+            reading = false;
+            // Another caller may take over reading.
+            m_answered.notify_all();
+            if (!ready && !pending->done) {
+                take_pending(request_id);
+                return timed_out;
+            }
+        }
+        if (pending->done)
+            break;
         if (m_reader) {
             if (deadline == std::chrono::steady_clock::time_point::max()) {
                 m_answered.wait(lock);
             } else if (m_answered.wait_until(lock, deadline) == std::cv_status::timeout && !pending->done) {
                 // The request id is not used again: a late reply is dropped.
-                m_pending.erase(request_id);
+                take_pending(request_id);
                 return timed_out;
             }
             continue;
         }
         m_reader = true;
+        reading = true;
         lock.unlock();
-        Reactor::Later none;
-        bool ready = true;
-        if (deadline == std::chrono::steady_clock::time_point::max()) {
-            // Waits in recv itself: one call instead of poll and recv.
-            read_available(none, true);
-        } else {
-            ready = Socket::wait_readable(fd(), deadline);
-            if (ready)
-                read_available(none);
-        }
-        lock.lock();
-        m_reader = false;
-        // Another caller may take over reading.
-        m_answered.notify_all();
-        if (!ready && !pending->done) {
-            m_pending.erase(request_id);
-            return timed_out;
-        }
     }
     if (pending->result == replied)
         reply = std::move(pending->reply);
     return pending->result;
+}
+
+ClientConnection::Pending* ClientConnection::take_pending(CORBA::ULong request_id)
+{
+    for (auto p = m_pending.begin(); p != m_pending.end(); ++p)
+        if (p->first == request_id) {
+            Pending* const found = p->second;
+            m_pending.erase(p);
+            return found;
+        }
+    return nullptr;
 }
 
 ClientConnection::Result ClientConnection::send_only(const unsigned char* message, std::size_t size)
@@ -126,13 +150,12 @@ void ClientConnection::deliver(Message&& message, Reactor::Later&)
         return;
     }
     std::lock_guard<std::mutex> lock(m_mutex);
-    auto found = m_pending.find(id);
-    if (found == m_pending.end())
+    Pending* const found = take_pending(id);
+    if (found == nullptr)
         return;  // a call that timed out, or a reply nobody asked for
-    found->second->reply = std::move(message);
-    found->second->result = replied;
-    found->second->done = true;
-    m_pending.erase(found);
+    found->reply = std::move(message);
+    found->result = replied;
+    found->done = true;
     m_answered.notify_all();
 }
 

@@ -17,7 +17,8 @@
 #include <atomic>
 #include <condition_variable>
 #include <functional>
-#include <map>
+#include <utility>
+#include <vector>
 #include <mutex>
 
 namespace YV_IIOP {
@@ -58,12 +59,18 @@ private:
         YV_GIOP::Message reply;
     };
 
+    // Takes the call with that id off m_pending (m_mutex held); null when
+    // it is not there.
+    Pending* take_pending(CORBA::ULong request_id);
+
     std::function<void(ClientConnection*)> m_on_lost;
     std::atomic<CORBA::ULong> m_next_id{1};
     std::atomic<bool> m_used{false};
     std::mutex m_mutex;
     std::condition_variable m_answered;
-    std::map<CORBA::ULong, std::shared_ptr<Pending>> m_pending;
+    // The calls waiting for their replies (few: a short list, kept by the
+    // calls on their stacks).
+    std::vector<std::pair<CORBA::ULong, Pending*>> m_pending;
     // A call is reading the connection.
     bool m_reader = false;
     bool m_gone = false;

@@ -213,7 +213,8 @@ void Connection::read_messages(Reactor::Later& later)
         }
         Message piece;
         piece.header = header;
-        piece.octets.assign(p, p + total);
+        piece.octets = SpareBuffers::take_octets(total);
+        std::memcpy(piece.octets.data(), p, total);
         m_start += total;
         if (!take(std::move(piece), later))
             return;

@@ -53,21 +53,19 @@ void ServerConnection::deliver(Message&& message, Reactor::Later& later)
     switch (message.header.type) {
     case Request:
     case LocateRequest: {
-        // Its octets go to the spares of the thread that is done with it
-        // last (usually the one that read it, and reads the next).
-        std::shared_ptr<const Message> shared(new Message(std::move(message)), [](const Message* m) {
-            SpareBuffers::give_octets(std::move(const_cast<Message*>(m)->octets));
-            delete m;
-        });
-        std::shared_ptr<ServerConnection> self = std::static_pointer_cast<ServerConnection>(shared_from_this());
-        const Handler& handler = m_handler;
+        // One block holds the request and keeps the connection.
+        auto served = std::make_shared<Served>(std::move(message),
+                                               std::static_pointer_cast<ServerConnection>(shared_from_this()));
         // The thread that read the request serves it; when one read brings
         // several, the earlier ones go to the worker pool.
         if (!later.empty()) {
             m_pool.submit(std::move(later.back()));
             later.pop_back();
         }
-        later.push_back([shared, self, &handler] { handler(shared, self); });
+        later.push_back([served] {
+            served->connection->m_handler(std::shared_ptr<const Message>(served, &served->message),
+                                          served->connection);
+        });
         break;
     }
     case CloseConnection:
@@ -77,6 +75,13 @@ void ServerConnection::deliver(Message&& message, Reactor::Later& later)
     default:
         break;
     }
+}
+
+ServerConnection::Served::~Served()
+{
+    // Its octets go to the spares of the thread that is done with it last
+    // (usually the one that read it, and reads the next).
+    SpareBuffers::give_octets(std::move(message.octets));
 }
 
 void ServerConnection::lost()

@@ -44,6 +44,17 @@ protected:
     void lost() override;
 
 private:
+    // A request being served, and its connection.
+    struct Served {
+        Served(YV_GIOP::Message&& m, std::shared_ptr<ServerConnection> c)
+            : message(std::move(m)), connection(std::move(c))
+        {
+        }
+        ~Served();
+        YV_GIOP::Message message;
+        std::shared_ptr<ServerConnection> connection;
+    };
+
     WorkerPool& m_pool;
     const Handler& m_handler;
     std::function<void(ServerConnection*)> m_on_lost;

@@ -52,6 +52,9 @@ std::shared_ptr<ClientConnection> Transport::connect(const std::string& host, st
         std::shared_ptr<Slot>& s = m_clients[std::make_pair(host, port)];
         if (!s)
             s = std::make_shared<Slot>();
+        // The usual case: the connection is there.
+        if (s->connection && !s->connection->is_closed())
+            return s->connection;
         slot = s;
     }
     // One connection is made at a time per server; the others wait for it.

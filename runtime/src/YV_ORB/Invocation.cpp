@@ -87,13 +87,10 @@ MessageBuilder Invocation::request(Version version, CORBA::ULong request_id, con
                                    const ServiceContextList& contexts)
 {
     MessageBuilder b(version, Request);
-    RequestHeader h;
-    h.request_id = request_id;
-    h.response_flags = op.oneway ? RequestHeader::sync_none : RequestHeader::sync_with_target;
-    h.target = target;
-    h.operation = op.name;
-    h.service_contexts = contexts;
-    h.write(b.stream(), version);
+    static const std::vector<CORBA::Octet> no_principal;
+    RequestHeader::write(b.stream(), version, request_id,
+                         op.oneway ? RequestHeader::sync_none : RequestHeader::sync_with_target, target, op.name,
+                         contexts, no_principal);
     if (has_in_values(args)) {
         b.begin_body();
         write_arguments(b.stream(), args);

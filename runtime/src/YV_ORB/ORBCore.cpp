@@ -107,6 +107,8 @@ void ORBCore::initialize(const ORBOptions& options)
             return;
         m_initialized = true;
         m_options = options;
+        m_call_timeout = options.call_timeout.count();
+        ++m_endpoints_version;
         m_trace_level = options.trace_level;
         endpoints = options.listen;
     }
@@ -122,8 +124,7 @@ ORBOptions ORBCore::options() const
 
 std::chrono::milliseconds ORBCore::call_timeout() const
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
-    return m_options.call_timeout;
+    return std::chrono::milliseconds(m_call_timeout.load(std::memory_order_relaxed));
 }
 
 void ORBCore::trace(int level, const std::string& line)
@@ -230,6 +231,7 @@ void ORBCore::listen(const YV_IIOP::Endpoint& where)
         published.host = where.host;
     m_bound.push_back(bound);
     m_published.push_back(published);
+    ++m_endpoints_version;
     trace(1, "listening on " + bound.to_string() + ", references name " + published.to_string());
 }
 
@@ -360,9 +362,11 @@ void ORBCore::reset()
     m_shut_down = false;
     m_completed = false;
     m_options = ORBOptions();
+    m_call_timeout = m_options.call_timeout.count();
     m_trace_level = 0;
     m_bound.clear();
     m_published.clear();
+    ++m_endpoints_version;
     registered.swap(m_registered);
 }
 

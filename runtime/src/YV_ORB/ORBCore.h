@@ -11,7 +11,10 @@
 #include "YV_ORB/ObjectKey.h"
 #include "zantic_sys/PortableServer/POA.h"
 
+#include <atomic>
+#include <chrono>
 #include <condition_variable>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -60,6 +63,9 @@ public:
     // True when `host`:`port` is one of this ORB's endpoints (always false
     // with -ORBColocated no).
     bool is_local_endpoint(const std::string& host, CORBA::UShort port);
+    // Changes whenever the answers of is_local_endpoint may change, so that
+    // a reference may keep its answer meanwhile.
+    std::uint64_t endpoints_version() const { return m_endpoints_version.load(std::memory_order_acquire); }
 
     // Initial references by name: registered objects first, then the
     // -ORBInitRef URLs, then -ORBDefaultInitRef. Null when unknown.
@@ -91,6 +97,9 @@ private:
     PortableServer::POA_var m_root;
 
     mutable std::mutex m_mutex;
+    std::atomic<std::uint64_t> m_endpoints_version{0};
+    // m_options.call_timeout, read on every call without the lock.
+    std::atomic<std::chrono::milliseconds::rep> m_call_timeout{0};
     std::condition_variable m_shutdown_cv;
     ORBOptions m_options;
     bool m_initialized = false;

@@ -49,22 +49,30 @@ CORBA::Object_ptr Reference::object(std::shared_ptr<Reference> reference)
 
 const std::vector<YV_GIOP::IIOPProfile>& Reference::iiop_profiles() const
 {
-    ior();
+    if (!m_ior_made.load(std::memory_order_acquire)) {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        make_ior();
+    }
     return m_profiles;
 }
 
 YV_GIOP::IOR Reference::ior() const
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    if (!m_ior_made) {
-        m_ior.type_id = m_repository_id;
-        m_ior.profiles = ORBCore::instance().profiles_for(m_key);
-        for (const YV_GIOP::TaggedProfile& p : m_ior.profiles)
-            if (p.tag == YV_GIOP::TAG_INTERNET_IOP)
-                m_profiles.push_back(YV_GIOP::IIOPProfile::decode(p));
-        m_ior_made = true;
-    }
+    make_ior();
     return m_ior;
+}
+
+void Reference::make_ior() const
+{
+    if (m_ior_made)
+        return;
+    m_ior.type_id = m_repository_id;
+    m_ior.profiles = ORBCore::instance().profiles_for(m_key);
+    for (const YV_GIOP::TaggedProfile& p : m_ior.profiles)
+        if (p.tag == YV_GIOP::TAG_INTERNET_IOP)
+            m_profiles.push_back(YV_GIOP::IIOPProfile::decode(p));
+    m_ior_made.store(true, std::memory_order_release);
 }
 
 bool Reference::local(PortableServer::POA_var& poa, std::string& object_id) const
@@ -74,13 +82,21 @@ bool Reference::local(PortableServer::POA_var& poa, std::string& object_id) cons
         object_id = m_object_id;
         return true;
     }
-    ObjectKey key;
-    if (m_key.empty() || !ObjectKey::parse(m_key.data(), m_key.size(), key))
+    if (m_key.empty())
+        return false;
+    // An IOR that names none of the ORB's endpoints goes on naming none
+    // until the ORB listens elsewhere.
+    ORBCore& core = ORBCore::instance();
+    const std::uint64_t version = core.endpoints_version();
+    if (m_foreign_for.load(std::memory_order_relaxed) == version)
         return false;
     bool ours = false;
     for (const YV_GIOP::IIOPProfile& p : m_profiles)
-        ours = ours || ORBCore::instance().is_local_endpoint(p.host, p.port);
+        ours = ours || core.is_local_endpoint(p.host, p.port);
     if (!ours)
+        m_foreign_for.store(version, std::memory_order_relaxed);
+    ObjectKey key;
+    if (!ours || !ObjectKey::parse(m_key.data(), m_key.size(), key))
         return false;
     poa = ORBCore::instance().find_adapter(key);
     object_id = key.object_id;

@@ -14,6 +14,8 @@
 #include "zantic_sys/CORBA/Object.h"
 #include "zantic_sys/PortableServer/POA.h"
 
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -59,6 +61,8 @@ public:
 
 private:
     Reference() = default;
+    // Makes the IOR of a local reference when first needed; m_mutex held.
+    void make_ior() const;
 
     std::string m_repository_id;
     std::vector<CORBA::Octet> m_key;
@@ -67,7 +71,11 @@ private:
 
     mutable std::mutex m_mutex;
     mutable YV_GIOP::IOR m_ior;
-    mutable bool m_ior_made = false;
+    // Set once the IOR and profiles are made; they do not change after.
+    mutable std::atomic<bool> m_ior_made{false};
+    // The endpoints version of the ORB for which this reference was found
+    // to name none of its endpoints (~0: not known).
+    mutable std::atomic<std::uint64_t> m_foreign_for{~std::uint64_t(0)};
     mutable std::vector<YV_GIOP::IIOPProfile> m_profiles;
     mutable std::shared_ptr<Reference> m_forward;
 };

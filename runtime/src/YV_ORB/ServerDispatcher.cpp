@@ -82,9 +82,12 @@ void ServerDispatcher::serve_request(const std::shared_ptr<const Message>& messa
         Adapter& adapter = poa->_yv_adapter();
         PortableServer::POAManager_ptr manager = adapter.manager();
         if (sink->remote()) {
-            std::shared_ptr<const Message> kept = message;
-            std::shared_ptr<Sink> kept_sink = sink;
-            std::function<void()> retry = [kept, kept_sink] { serve(kept, kept_sink); };
+            // Made only when the request is held back.
+            const auto retry = [&message, &sink]() -> std::function<void()> {
+                std::shared_ptr<const Message> kept = message;
+                std::shared_ptr<Sink> kept_sink = sink;
+                return [kept, kept_sink] { serve(kept, kept_sink); };
+            };
             if (manager->_yv_admit(retry) == PortableServer::POAManager::queued)
                 return;
         } else {

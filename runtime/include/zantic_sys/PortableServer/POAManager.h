@@ -57,12 +57,13 @@ public:
     static POAManager_ptr _nil() { return nullptr; }
 
     // What the manager says about a request from the network. `retry`
-    // serves the request again; it is kept while the manager holds.
+    // makes the work that serves the request again, kept while the manager
+    // holds (it is called only then).
     enum Admission { serve, queued };
     // serve: the caller serves the request now and calls _yv_end_request
-    // when it is done. queued: `retry` was kept. Discarding and inactive
-    // states raise TRANSIENT and OBJ_ADAPTER.
-    Admission _yv_admit(std::function<void()>& retry);
+    // when it is done. queued: the work `retry` made was kept. Discarding
+    // and inactive states raise TRANSIENT and OBJ_ADAPTER.
+    Admission _yv_admit(const std::function<std::function<void()>()>& retry);
     // The same for a call from this process, which is never queued.
     void _yv_admit_local();
     void _yv_end_request();
