@@ -204,6 +204,32 @@ TEST_F(Network, ThreadsShareOneConnection)
     EXPECT_EQ(YV_ORB::ORBCore::instance().transport()->server_connections(), 1u);
 }
 
+// More connections than threads may hold, then all of them quiet for longer
+// than a thread waits on its connection: every request is still answered.
+TEST_F(Network, ConnectionsBeyondTheHoldersAndQuietOnesAreServed)
+{
+    std::vector<RawPeer> peers;
+    peers.reserve(YV_IIOP::Reactor::max_holders + 4);
+    while (peers.size() < YV_IIOP::Reactor::max_holders + 4)
+        peers.push_back(RawPeer::connect_to(port));
+    for (int round = 0; round < 2; ++round) {
+        for (std::size_t i = 0; i < peers.size(); ++i) {
+            const CORBA::Long n = static_cast<CORBA::Long>(i);
+            peers[i].send(request_bytes(Version{1, 2}, static_cast<CORBA::ULong>(i), key, "add", {3, n}));
+        }
+        for (std::size_t i = 0; i < peers.size(); ++i) {
+            Message m;
+            ASSERT_TRUE(peers[i].receive(m)) << "connection " << i << ", round " << round;
+            CORBA::ULong got = 0;
+            YV_CDR::InputStream in(nullptr, 0, false);
+            ASSERT_EQ(status_of(m, got, in), ReplyHeader::NO_EXCEPTION);
+            EXPECT_EQ(got, i);
+            EXPECT_EQ(in.read_long(), static_cast<CORBA::Long>(3 * i));
+        }
+        std::this_thread::sleep_for(YV_IIOP::ServerConnection::hold_time * 3);
+    }
+}
+
 TEST_F(Network, UnreachableServersAreTransient)
 {
     std::uint16_t closed_port;
