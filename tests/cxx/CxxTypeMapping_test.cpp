@@ -128,8 +128,8 @@ TEST_F(CxxTypeMappingTest, KeptTextsFollowTheScopeAndTheGuard)
     CxxTypeMapping from_m(resolver, t.m), from_i(resolver, t.i), from_root(resolver, nullptr),
         guarded(resolver, nullptr);
     guarded.qualify_against(&nested);
-    AST_Type* e = type_of(t, "enum");
-    AST_Type* var = type_of(t, "var");
+    AST_Type* e = t.type("enum");
+    AST_Type* var = t.type("var");
     for (int round = 0; round < 2; ++round) {
         SCOPED_TRACE(round);
         EXPECT_EQ(from_i.param(e, CxxTypeMapping::M_inout), "M::E&");
