@@ -14,100 +14,23 @@
 
 namespace {
 
-void dump(const char* name, cdrMemoryStream& s)
+// Writes one case in the byte order asked for and prints its octets as
+// "<name>.<be|le>: xx xx ...".
+template <class Fill> void write_case(const char* name, bool little, Fill fill)
 {
-    std::printf("%s:", name);
+    cdrMemoryStream s(0, true);
+    s.setByteSwapFlag(little);
+    fill(s);
+    std::printf("%s.%s:", name, little ? "le" : "be");
     const unsigned char* p = static_cast<const unsigned char*>(s.bufPtr());
     for (size_t i = 0; i < s.bufSize(); ++i)
         std::printf(" %02x", p[i]);
     std::printf("\n");
 }
 
-void write_all(bool little)
-{
-    {
-        cdrMemoryStream s(0, true);
-        s.setByteSwapFlag(little);
-        Test::Node_var root = new OBV_Test::Node(1, 0, 0);
-        Test::Node_var child = new OBV_Test::Node(2, 0, 0);
-        root->left(child);
-        root->right(child);
-        Test::Node_var cycle = new OBV_Test::Node(3, 0, 0);
-        cycle->left(cycle);
-        Test::Node::_NP_marshal(root, s);
-        Test::Node::_NP_marshal(root, s);
-        Test::Node::_NP_marshal(cycle, s);
-        Test::Node::_NP_marshal(0, s);
-        dump(little ? "nodes.le" : "nodes.be", s);
-        cycle->left(0);
-    }
-    {
-        cdrMemoryStream s(0, true);
-        s.setByteSwapFlag(little);
-        Test::Derived_var d = new OBV_Test::Derived;
-        d->name("cut");
-        d->extra(new OBV_Test::Node(3, 0, 0));
-        d->weight(1.5);
-        Test::Node_var four = new OBV_Test::Node(4, 0, 0);
-        d->extra()->left(four);
-        d->extra()->right(four);
-        Test::Derived::_NP_marshal(d, s);
-        dump(little ? "derived.le" : "derived.be", s);
-    }
-    // Formal type Base: with type information and in chunks.
-    for (int extra = 0; extra < 2; ++extra) {
-        cdrMemoryStream s(0, true);
-        s.setByteSwapFlag(little);
-        Test::Derived_var d = new OBV_Test::Derived;
-        d->name("cut");
-        d->weight(1.5);
-        if (extra) {
-            d->extra(new OBV_Test::Node(3, 0, 0));
-            Test::Node_var four = new OBV_Test::Node(4, 0, 0);
-            d->extra()->left(four);
-            d->extra()->right(four);
-        }
-        Test::Base::_NP_marshal(d, s);
-        dump(extra ? (little ? "chunked.le" : "chunked.be") : (little ? "chunked-null.le" : "chunked-null.be"), s);
-    }
-    // A node written, then an any holding it: the any's value refers to
-    // nothing outside it.
-    {
-        cdrMemoryStream s(0, true);
-        s.setByteSwapFlag(little);
-        Test::Node_var root = new OBV_Test::Node(1, 0, 0);
-        Test::Node_var child = new OBV_Test::Node(2, 0, 0);
-        root->left(child);
-        root->right(child);
-        Test::Node::_NP_marshal(root, s);
-        CORBA::Any a;
-        a <<= root.in();
-        a >>= s;
-        dump(little ? "any.le" : "any.be", s);
-    }
-    // A level of inheritance that starts with a primitive member: omniORB
-    // starts a chunk for it.
-    {
-        cdrMemoryStream s(0, true);
-        s.setByteSwapFlag(little);
-        Test::Counted_var c = new OBV_Test::Counted;
-        c->name("ab");
-        c->count(7);
-        c->ratio(0.5);
-        Test::Base::_NP_marshal(c, s);
-        dump(little ? "counted.le" : "counted.be", s);
-    }
-    {
-        cdrMemoryStream s(0, true);
-        s.setByteSwapFlag(little);
-        Test::StringBox_var b = new Test::StringBox("boxed");
-        Test::StringBox::_NP_marshal(b, s);
-        Test::StringBox::_NP_marshal(b, s);
-        dump(little ? "box.le" : "box.be", s);
-    }
-}
-
-void read_all(bool little, const char* hex)
+// Reads the octets of a hex string ("xx xx ...") and prints what `read`
+// finds in them, or the system exception it raised.
+template <class Read> void read_case(bool little, const char* hex, Read read)
 {
     std::vector<unsigned char> octets;
     for (const char* p = hex; *p != 0; ++p)
@@ -118,6 +41,91 @@ void read_all(bool little, const char* hex)
     cdrMemoryStream s(octets.data(), octets.size());
     s.setByteSwapFlag(little);
     try {
+        read(s);
+    } catch (CORBA::SystemException& e) {
+        std::printf("%s minor %lu\n", e._name(), (unsigned long)e.minor());
+    }
+}
+
+// A Derived with name "cut" and weight 1.5; with `extra`, a node 3 whose
+// both children are one node 4.
+Test::Derived* make_derived(bool extra)
+{
+    Test::Derived* d = new OBV_Test::Derived;
+    d->name("cut");
+    d->weight(1.5);
+    if (extra) {
+        d->extra(new OBV_Test::Node(3, 0, 0));
+        Test::Node_var four = new OBV_Test::Node(4, 0, 0);
+        d->extra()->left(four);
+        d->extra()->right(four);
+    }
+    return d;
+}
+
+// A node 1 whose both children are one node 2.
+Test::Node* make_shared_pair()
+{
+    Test::Node* root = new OBV_Test::Node(1, 0, 0);
+    Test::Node_var child = new OBV_Test::Node(2, 0, 0);
+    root->left(child);
+    root->right(child);
+    return root;
+}
+
+void write_all(bool little)
+{
+    write_case("nodes", little, [](cdrMemoryStream& s) {
+        Test::Node_var root = make_shared_pair();
+        Test::Node_var cycle = new OBV_Test::Node(3, 0, 0);
+        cycle->left(cycle);
+        Test::Node::_NP_marshal(root, s);
+        Test::Node::_NP_marshal(root, s);
+        Test::Node::_NP_marshal(cycle, s);
+        Test::Node::_NP_marshal(0, s);
+        cycle->left(0);
+    });
+    write_case("derived", little, [](cdrMemoryStream& s) {
+        Test::Derived_var d = make_derived(true);
+        Test::Derived::_NP_marshal(d, s);
+    });
+    // Formal type Base: with type information and in chunks.
+    write_case("chunked-null", little, [](cdrMemoryStream& s) {
+        Test::Derived_var d = make_derived(false);
+        Test::Base::_NP_marshal(d, s);
+    });
+    write_case("chunked", little, [](cdrMemoryStream& s) {
+        Test::Derived_var d = make_derived(true);
+        Test::Base::_NP_marshal(d, s);
+    });
+    // A node written, then an any holding it: the any's value refers to
+    // nothing outside it.
+    write_case("any", little, [](cdrMemoryStream& s) {
+        Test::Node_var root = make_shared_pair();
+        Test::Node::_NP_marshal(root, s);
+        CORBA::Any a;
+        a <<= root.in();
+        a >>= s;
+    });
+    // A level of inheritance that starts with a primitive member: omniORB
+    // starts a chunk for it.
+    write_case("counted", little, [](cdrMemoryStream& s) {
+        Test::Counted_var c = new OBV_Test::Counted;
+        c->name("ab");
+        c->count(7);
+        c->ratio(0.5);
+        Test::Base::_NP_marshal(c, s);
+    });
+    write_case("box", little, [](cdrMemoryStream& s) {
+        Test::StringBox_var b = new Test::StringBox("boxed");
+        Test::StringBox::_NP_marshal(b, s);
+        Test::StringBox::_NP_marshal(b, s);
+    });
+}
+
+void read_all(bool little, const char* hex)
+{
+    read_case(little, hex, [](cdrMemoryStream& s) {
         Test::Node_var n = Test::Node::_NP_unmarshal(s);
         std::printf("node %d left %d right %d shared %d\n", n ? n->label() : -1,
                     n && n->left() ? n->left()->label() : -1, n && n->right() ? n->right()->label() : -1,
@@ -127,29 +135,17 @@ void read_all(bool little, const char* hex)
         std::printf("base %s derived %d weight %g\n", b ? b->name() : "-", d != 0, d ? d->weight() : 0.0);
         Test::StringBox_var box = Test::StringBox::_NP_unmarshal(s);
         std::printf("box %s left %lu\n", box ? box->_value() : "-", (unsigned long)s.checkInputOverrun(1, 1));
-    } catch (CORBA::SystemException& e) {
-        std::printf("%s minor %lu\n", e._name(), (unsigned long)e.minor());
-    }
+    });
 }
 
 // A Test::Counted in chunks (formal type Base), as we write it.
 void read_counted(bool little, const char* hex)
 {
-    std::vector<unsigned char> octets;
-    for (const char* p = hex; *p != 0; ++p)
-        if (*p != ' ' && p[1] != 0) {
-            octets.push_back(static_cast<unsigned char>(std::stoul(std::string(p, 2), nullptr, 16)));
-            ++p;
-        }
-    cdrMemoryStream s(octets.data(), octets.size());
-    s.setByteSwapFlag(little);
-    try {
+    read_case(little, hex, [](cdrMemoryStream& s) {
         Test::Base_var b = Test::Base::_NP_unmarshal(s);
         Test::Counted* c = Test::Counted::_downcast(b);
         std::printf("base %s count %d ratio %g\n", b ? b->name() : "-", c ? (int)c->count() : -1, c ? c->ratio() : 0.0);
-    } catch (CORBA::SystemException& e) {
-        std::printf("%s minor %lu\n", e._name(), (unsigned long)e.minor());
-    }
+    });
 }
 
 } // namespace
