@@ -190,6 +190,14 @@ void Connection::read_messages(Reactor::Later& later)
             return;
         }
         const std::size_t total = MessageHeader::size + header.body_size;
+        if (problem == MessageHeader::ok && total > large_message && m_start == 0) {
+            take_read_buffer(header, total);
+            if (m_reading_large)
+                break;
+            if (!take(std::move(m_large), later))
+                return;
+            continue;
+        }
         if (m_end - m_start < total) {
             if (problem == MessageHeader::ok && total > large_message) {
                 // The rest goes straight into the message.
@@ -226,6 +234,24 @@ void Connection::read_messages(Reactor::Later& later)
         if (m_in.size() > kept_buffer)
             std::vector<unsigned char>().swap(m_in);
     }
+}
+
+void Connection::take_read_buffer(const MessageHeader& header, std::size_t total)
+{
+    // The read buffer becomes the message's octets and a spare vector the
+    // read buffer; octets read beyond the message move over to it.
+    const std::size_t beyond = m_end > total ? m_end - total : 0;
+    std::vector<unsigned char> next = SpareBuffers::take_octets(std::max(chunk, beyond));
+    if (beyond != 0)
+        std::memcpy(next.data(), m_in.data() + total, beyond);
+    m_large.header = header;
+    m_large.octets.swap(m_in);
+    m_in.swap(next);
+    m_large_filled = std::min(m_end, total);
+    m_large.octets.resize(total);
+    m_reading_large = m_large_filled < total;
+    m_start = 0;
+    m_end = beyond;
 }
 
 bool Connection::take(Message&& piece, Reactor::Later& later)

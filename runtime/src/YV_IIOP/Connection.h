@@ -76,6 +76,10 @@ private:
     // False when nothing came.
     bool read_locked(bool hangup, Reactor::Later& later, bool wait);
     void read_messages(Reactor::Later& later);
+    // A large message at the start of the read buffer takes the buffer
+    // (its octets are not copied); `m_reading_large` when some have not
+    // come yet, else the message is whole in `m_large`.
+    void take_read_buffer(const YV_GIOP::MessageHeader& header, std::size_t total);
     // A message read whole: fragments are put together, whole messages
     // delivered. False when the connection was refused.
     bool take(YV_GIOP::Message&& piece, Reactor::Later& later);
