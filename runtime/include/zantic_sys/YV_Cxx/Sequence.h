@@ -154,18 +154,52 @@ public:
     static T* allocbuf(CORBA::ULong n) { return new T[n]; }
     static void freebuf(T* buffer) { delete[] buffer; }
 
+    // The buffer of a sequence of `n` elements that the caller (a decoder)
+    // overwrites at once: numbers whose buffer must grow get it without
+    // being set to zero first.
+    T* yv_length_for_overwrite(CORBA::ULong n)
+    {
+        if constexpr (plain_numbers) {
+            check_bound(n);
+            if (n > m_cap) {
+                m_buf.reset(new T[n]);
+                m_cap = n;
+            } else if (n < m_len) {
+                std::fill(m_buf.get() + n, m_buf.get() + m_len, T());
+            }
+            m_len = n;
+            if (Bound == 0 && n > m_max)
+                m_max = n;
+            return m_buf.get();
+        } else {
+            length(n);
+            return n == 0 ? m_buf.get() : get_buffer();
+        }
+    }
+
 private:
+    static constexpr bool plain_numbers = std::is_arithmetic<T>::value && !std::is_same<T, bool>::value;
+
     static void check_bound(CORBA::ULong n)
     {
         if (Bound != 0 && n > Bound)
             throw CORBA::BAD_PARAM(0, CORBA::COMPLETED_NO);
     }
     // Makes room for `cap` elements, keeping the present ones; the new ones
-    // are value-initialized, so that a grown sequence of numbers reads zeros.
+    // are value-initialized, so that a grown sequence of numbers reads zeros
+    // (numbers: only those beyond the present ones are set).
     void reserve(CORBA::ULong cap)
     {
         if (cap <= m_cap)
             return;
+        if constexpr (plain_numbers) {
+            std::unique_ptr<T[]> fresh(new T[cap]);
+            seq_element::copy_elements(fresh.get(), m_buf.get(), m_len);
+            std::fill(fresh.get() + m_len, fresh.get() + cap, T());
+            m_buf = std::move(fresh);
+            m_cap = cap;
+            return;
+        }
         std::unique_ptr<T[]> fresh(new T[cap]());
         if constexpr (std::is_trivially_copyable<T>::value && !std::is_array<T>::value)
             seq_element::copy_elements(fresh.get(), m_buf.get(), m_len);

@@ -27,9 +27,16 @@ struct Marshal<Sequence<T, Bound>, std::enable_if_t<HasMarshal<T>::value>> {
         const CORBA::ULong n = in.read_count(Marshal<T>::min_size);
         if (Bound != 0 && n > Bound)
             YV_CDR::InputStream::fail(YV_CDR::minor_bound);
-        v.length(n);
-        if (n != 0)
-            read_values(in, v.get_buffer(), n);
+        T* const into = v.yv_length_for_overwrite(n);
+        if (n == 0)
+            return;
+        try {
+            read_values(in, into, n);
+        } catch (...) {
+            // Elements not read yet hold whatever the buffer held.
+            v.length(0);
+            throw;
+        }
     }
 };
 
