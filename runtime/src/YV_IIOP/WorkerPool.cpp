@@ -4,8 +4,13 @@
 
 namespace YV_IIOP {
 
-WorkerPool::WorkerPool(std::size_t max_threads, std::size_t idle_threads, std::chrono::milliseconds idle_time)
-    : m_max(std::max<std::size_t>(max_threads, 1)), m_keep(idle_threads), m_idle_time(idle_time)
+constexpr std::size_t WorkerPool::default_prompt_threads;
+constexpr std::chrono::milliseconds WorkerPool::stuck_time;
+
+WorkerPool::WorkerPool(std::size_t max_threads, std::size_t idle_threads, std::chrono::milliseconds idle_time,
+                       std::size_t prompt_threads)
+    : m_max(std::max<std::size_t>(max_threads, 1)), m_keep(idle_threads), m_idle_time(idle_time),
+      m_prompt(std::max<std::size_t>(prompt_threads, 1))
 {
 }
 
@@ -21,12 +26,40 @@ bool WorkerPool::submit(std::function<void()> task)
         return false;
     join_finished(lock);
     m_tasks.push_back(std::move(task));
-    // A thread for each task that no idle thread will take.
-    if (m_tasks.size() > m_idle && m_threads.size() < m_max)
-        m_threads.emplace_back([this] { work(); });
-    else
+    const std::size_t live = m_threads.size();
+    if (m_tasks.size() <= m_idle || live >= m_max) {
         m_ready.notify_one();
+    } else if (live < m_prompt) {
+        // A thread for each task that no idle thread will take.
+        spawn(&WorkerPool::work);
+    } else if (!m_watching) {
+        m_watching = true;
+        spawn(&WorkerPool::watch);
+    } else {
+        m_watch.notify_one();
+    }
     return true;
+}
+
+void WorkerPool::spawn(void (WorkerPool::*body)())
+{
+    m_threads.emplace_back([this, body] { (this->*body)(); });
+}
+
+void WorkerPool::watch()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    for (;;) {
+        m_watch.wait(lock, [this] { return m_stopping || m_tasks.size() > m_idle; });
+        if (m_stopping)
+            return;
+        const std::size_t taken = m_taken;
+        lock.unlock();
+        std::this_thread::sleep_for(stuck_time);
+        lock.lock();
+        if (m_taken == taken && m_tasks.size() > m_idle && m_threads.size() < m_max)
+            spawn(&WorkerPool::work);
+    }
 }
 
 void WorkerPool::stop()
@@ -36,6 +69,7 @@ void WorkerPool::stop()
         std::lock_guard<std::mutex> lock(m_mutex);
         m_stopping = true;
         m_ready.notify_all();
+        m_watch.notify_all();
         threads.swap(m_threads);
         m_finished.clear();
     }
@@ -82,6 +116,7 @@ void WorkerPool::work()
         }
         std::function<void()> task = std::move(m_tasks.front());
         m_tasks.pop_front();
+        ++m_taken;
         lock.unlock();
         try {
             task();
