@@ -14,7 +14,7 @@ void LocateRequestHeader::write(YV_CDR::OutputStream& out, Version version) cons
     }
     if (target.disposition != TargetAddress::KeyAddr)
         throw CORBA::INTERNAL(0, CORBA::COMPLETED_NO);
-    write_octet_seq(out, target.object_key);
+    write_octet_seq(out, target.written_key());
 }
 
 LocateRequestHeader LocateRequestHeader::read(YV_CDR::InputStream& in, Version version)

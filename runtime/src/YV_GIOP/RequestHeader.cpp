@@ -35,7 +35,7 @@ void RequestHeader::write(YV_CDR::OutputStream& out, Version version, CORBA::ULo
         const CORBA::Octet reserved[3] = {0, 0, 0};
         out.write_octet_array(reserved, 3);
     }
-    write_octet_seq(out, target.object_key);
+    write_octet_seq(out, target.written_key());
     out.write_string(operation);
     write_octet_seq(out, requesting_principal);
 }

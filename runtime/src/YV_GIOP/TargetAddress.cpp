@@ -11,7 +11,7 @@ std::vector<CORBA::Octet> TargetAddress::key() const
     const TaggedProfile* p = nullptr;
     switch (disposition) {
     case KeyAddr:
-        return object_key;
+        return written_key();
     case ProfileAddr:
         p = &profile;
         break;
@@ -31,7 +31,7 @@ void TargetAddress::write(YV_CDR::OutputStream& out) const
     out.write_short(disposition);
     switch (disposition) {
     case KeyAddr:
-        write_octet_seq(out, object_key);
+        write_octet_seq(out, written_key());
         break;
     case ProfileAddr:
         out.write_ulong(profile.tag);

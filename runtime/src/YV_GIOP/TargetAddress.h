@@ -15,6 +15,9 @@ struct TargetAddress {
 
     Disposition disposition = KeyAddr;
     std::vector<CORBA::Octet> object_key;  // KeyAddr
+    // KeyAddr, writing: the key kept by the caller, written instead of
+    // `object_key` when set (a request names its target without a copy).
+    const std::vector<CORBA::Octet>* key_ref = nullptr;
     TaggedProfile profile;                 // ProfileAddr
     CORBA::ULong selected_profile_index = 0;  // ReferenceAddr
     IOR ior;                                  // ReferenceAddr
@@ -23,6 +26,8 @@ struct TargetAddress {
     // ReferenceAddr name it through an IIOP profile (MARSHAL when the
     // profile is not one, or the index is out of range).
     std::vector<CORBA::Octet> key() const;
+    // The key a KeyAddr target writes.
+    const std::vector<CORBA::Octet>& written_key() const { return key_ref != nullptr ? *key_ref : object_key; }
 
     void write(YV_CDR::OutputStream& out) const;
     static TargetAddress read(YV_CDR::InputStream& in);

@@ -170,7 +170,7 @@ Invocation::Outcome Invocation::invoke_loopback(const Reference& target, const Y
                                                 std::shared_ptr<Reference>& forward_to)
 {
     TargetAddress address;
-    address.object_key = target.object_key();
+    address.key_ref = &target.object_key();
     const Version version{1, 2};
     MessageBuilder request_message = Invocation::request(version, next_loopback_id(), address, op, args,
                                                          ServiceContextList());
@@ -295,7 +295,7 @@ Invocation::Outcome Invocation::invoke_remote(const Reference& target, const YV_
         const IIOPProfile& profile = profiles[index];
         const Version version{1, static_cast<CORBA::Octet>(profile.version.major > 1 ? 2 : std::min<int>(profile.version.minor, 2))};
         TargetAddress address;
-        address.object_key = profile.object_key;
+        address.key_ref = &profile.object_key;
         // A server that closes in order before reading the request has not
         // served it: it goes again, on a new connection, a few times.
         for (int attempt = 0; attempt < 4; ++attempt) {

@@ -31,6 +31,15 @@ PortableServer::POA_ptr adapter_of(const std::vector<CORBA::Octet>& key, std::st
     return ORBCore::instance().find_adapter(parsed);
 }
 
+// The POA of a request's target (its key read in place when the request
+// names it by key).
+PortableServer::POA_ptr adapter_of(const TargetAddress& target, std::string& object_id)
+{
+    if (target.disposition == TargetAddress::KeyAddr)
+        return adapter_of(target.object_key, object_id);
+    return adapter_of(target.key(), object_id);
+}
+
 bool is_non_existent(const std::string& operation)
 {
     return operation == "_non_existent" || operation == "_not_existent";
@@ -76,7 +85,7 @@ void ServerDispatcher::serve_request(const std::shared_ptr<const Message>& messa
     CORBA::CompletionStatus status = CORBA::COMPLETED_NO;
     try {
         std::string object_id;
-        PortableServer::POA_var poa = adapter_of(header.target.key(), object_id);
+        PortableServer::POA_var poa = adapter_of(header.target, object_id);
         if (poa.in() == nullptr)
             throw CORBA::OBJECT_NOT_EXIST(0, CORBA::COMPLETED_NO);
         Adapter& adapter = poa->_yv_adapter();
@@ -146,7 +155,7 @@ void ServerDispatcher::serve_locate(const Message& message, Sink& sink)
     answer.locate_status = LocateReplyHeader::UNKNOWN_OBJECT;
     try {
         std::string object_id;
-        PortableServer::POA_var poa = adapter_of(header.target.key(), object_id);
+        PortableServer::POA_var poa = adapter_of(header.target, object_id);
         if (poa.in() != nullptr && poa->_yv_adapter().find_servant(object_id) != nullptr)
             answer.locate_status = LocateReplyHeader::OBJECT_HERE;
     } catch (const CORBA::Exception&) {
