@@ -432,7 +432,7 @@ Adapter::Serving::Serving(Adapter& adapter, const std::string& id) : m_adapter(a
         m_serial = std::unique_lock<std::recursive_mutex>(adapter.m_serial);
     else if (adapter.m_policies.thread == MAIN_THREAD_MODEL)
         m_serial = std::unique_lock<std::recursive_mutex>(main_thread_lock());
-    m_context.reset(new CallContext(&adapter, id, m_servant));
+    m_context.emplace(&adapter, id, m_servant);
 }
 
 Adapter::Serving::~Serving()

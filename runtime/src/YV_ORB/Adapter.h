@@ -12,6 +12,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -109,7 +110,7 @@ public:
         std::shared_ptr<Entry> m_entry;
         PortableServer::ServantBase* m_servant = nullptr;
         std::unique_lock<std::recursive_mutex> m_serial;
-        std::unique_ptr<CallContext> m_context;
+        std::optional<CallContext> m_context;
     };
 
 private:
