@@ -15,6 +15,6 @@ VisitorFactory* VisitorFF::findFactory(const char* key) const
 {
     if (!key)
         return nullptr;
-    auto it = m_factories.find(key);
+    auto it = m_factories.find(std::string_view(key));
     return it == m_factories.end() ? nullptr : it->second.get();
 }

@@ -4,9 +4,11 @@
 
 #include "VisitorFactory.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 
 class VisitorFF {
 public:
@@ -20,7 +22,9 @@ public:
     std::size_t size() const { return m_factories.size(); }
 
 private:
-    std::map<std::string, std::unique_ptr<VisitorFactory>> m_factories;
+    // Looked up by the key's characters: the emitters find a factory for
+    // every argument and type they write, so no string is made per lookup.
+    std::map<std::string, std::unique_ptr<VisitorFactory>, std::less<>> m_factories;
 };
 
 #endif
