@@ -200,7 +200,7 @@ void CxxPrinter::member_tail(bool no_params, const Text& tail)
     print(tail);
 }
 
-void CxxPrinter::member(std::string_view result, std::string_view name, std::initializer_list<std::string> params,
+void CxxPrinter::member(std::string_view result, std::string_view name, std::initializer_list<std::string_view> params,
                         const Text& tail)
 {
     member_of(result, name, params, tail);

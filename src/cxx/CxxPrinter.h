@@ -193,7 +193,7 @@ public:
     // result type on its own line, "name(" on the next, one parameter per
     // line one level deeper, then ")" and `tail` (e.g. ";\n" or
     // " override;\n"). Without parameters: "name()" and `tail`.
-    void member(std::string_view result, std::string_view name, std::initializer_list<std::string> params,
+    void member(std::string_view result, std::string_view name, std::initializer_list<std::string_view> params,
                 const Text& tail);
     template <class Range>
     void member_of(std::string_view result, std::string_view name, const Range& params, const Text& tail)

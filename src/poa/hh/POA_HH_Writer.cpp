@@ -22,7 +22,7 @@ CxxPrinter::Block POA_HH_Writer::class_body(std::string_view name)
     return body;
 }
 
-void POA_HH_Writer::member(std::string_view type, std::string_view name, std::initializer_list<std::string> params)
+void POA_HH_Writer::member(std::string_view type, std::string_view name, std::initializer_list<std::string_view> params)
 {
     m_printer.member(type, name, params, ";\n\n");
 }

@@ -28,7 +28,7 @@ public:
     [[nodiscard]] CxxPrinter::Block class_body(std::string_view name);
 
     // <type> / <name>( / parameters one level deeper / ); / an empty line.
-    void member(std::string_view type, std::string_view name, std::initializer_list<std::string> params);
+    void member(std::string_view type, std::string_view name, std::initializer_list<std::string_view> params);
     // The declaration of the static dispatch function <name>_yvgen_dispatch.
     void dispatch(const std::string& name);
 
