@@ -13,9 +13,14 @@ UTL_InclusiveFilteredScopeActiveIterator::UTL_InclusiveFilteredScopeActiveIterat
             if (filter.admits(d->node_type()))
                 m_items.push_back(d.get());
     };
-    if (kind == UTL_Scope::IK_both || kind == UTL_Scope::IK_decls)
+    const bool decls = kind == UTL_Scope::IK_both || kind == UTL_Scope::IK_decls;
+    const bool types = kind == UTL_Scope::IK_both || kind == UTL_Scope::IK_localtypes;
+    // One allocation, not one per doubling: back ends make an iterator for
+    // every scope they write, several times over.
+    m_items.reserve((decls ? scope->decls().size() : 0) + (types ? scope->local_types().size() : 0));
+    if (decls)
         take(scope->decls());
-    if (kind == UTL_Scope::IK_both || kind == UTL_Scope::IK_localtypes)
+    if (types)
         take(scope->local_types());
 }
 

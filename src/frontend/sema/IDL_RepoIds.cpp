@@ -13,6 +13,7 @@ namespace {
 std::vector<AST_Decl*> chain_of(AST_Decl* d)
 {
     std::vector<AST_Decl*> chain;
+    chain.reserve(8);  // deeper nesting is rare
     for (AST_Decl* cur = d; cur && cur->node_type() != AST_Decl::NT_root; cur = ScopeAsDecl(cur->defined_in()))
         chain.push_back(cur);
     std::reverse(chain.begin(), chain.end());

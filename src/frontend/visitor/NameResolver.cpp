@@ -4,6 +4,7 @@
 #include "UTL_Scope.h"
 #include "Visitor_i.h"
 
+#include <algorithm>
 #include <atomic>
 #include <ostream>
 #include <vector>
@@ -15,9 +16,11 @@ namespace {
 std::vector<AST_Decl*> name_chain(AST_Decl* d)
 {
     std::vector<AST_Decl*> chain;
+    chain.reserve(8);  // deeper nesting is rare
     for (AST_Decl* cur = d; cur && cur->node_type() != AST_Decl::NT_root; cur = ScopeAsDecl(cur->defined_in()))
         chain.push_back(cur);
-    return std::vector<AST_Decl*>(chain.rbegin(), chain.rend());
+    std::reverse(chain.begin(), chain.end());
+    return chain;
 }
 
 void write_components(std::ostream& os, const std::vector<AST_Decl*>& chain, std::size_t from, Visitor_i* v,
