@@ -181,6 +181,7 @@ void VE_CPP_MainStartPoint_Interface::output_proxy(CxxPrinter& p, AST_Interface*
                               op->is_oneway() != 0,
                               op->exceptions()->items(),
                               op_has_natives(op)};
+                m.params.reserve(op->decls().size());
                 for (const auto& a : op->decls())
                     if (AST_Argument* arg = AST_Argument::narrow_from_decl(a.get()))
                         m.params.push_back({arg->field_type(), CxxTypeMapping::mode_of(arg->direction()), text.local(arg)});

@@ -20,8 +20,10 @@ const POA_DispatchNames& POA_DispatchNames::get()
 
 std::vector<AST_Argument*> POA_DispatchNames::arguments_of(AST_Operation* op)
 {
+    const std::vector<AST_Decl*> decls = UTL_InclusiveFilteredScopeActiveIterator::decls_of(op, {AST_Decl::NT_argument});
     std::vector<AST_Argument*> args;
-    for (AST_Decl* d : UTL_InclusiveFilteredScopeActiveIterator::decls_of(op, {AST_Decl::NT_argument}))
+    args.reserve(decls.size());
+    for (AST_Decl* d : decls)
         args.push_back(AST_Argument::narrow_from_decl(d));
     return args;
 }

@@ -240,6 +240,7 @@ void VE_POA_Impl_Interface::output_anonymous_typecodes(AST_Decl* d)
 {
     std::vector<AST_Type*> types;
     if (AST_Operation* op = AST_Operation::narrow_from_decl(d)) {
+        types.reserve(arguments(op).size() + 1);
         for (AST_Argument* arg : arguments(op))
             types.push_back(arg->field_type());
         types.push_back(op->return_type());
