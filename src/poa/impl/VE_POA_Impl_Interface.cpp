@@ -271,15 +271,23 @@ const std::string& VE_POA_Impl_Interface::dispatch_function_name(AST_Decl* d, co
     std::string& name = m_dispatch_names[d][kind];
     if (!name.empty())
         return name;
-    const POA_SkeletonNames n = names();
     AST_Interface* declaring = AST_Interface::narrow_from_decl(ScopeAsDecl(d->defined_in()));
-    name = n.scoped(declaring) + "::" + accessor + n.local(d) + "_yvgen_dispatch";
+    name = scoped_skeleton(declaring) + "::" + accessor + names().local(d) + "_yvgen_dispatch";
     return name;
+}
+
+const std::string& VE_POA_Impl_Interface::scoped_skeleton(AST_Interface* i) const
+{
+    std::string& kept = m_scoped_skeletons[i];
+    if (kept.empty())
+        kept = names().scoped(i);
+    return kept;
 }
 
 void VE_POA_Impl_Interface::forget_kept_names()
 {
     m_dispatch_names.clear();
+    m_scoped_skeletons.clear();
     m_arguments.clear();
     m_streamables.clear();
     m_skeletons.clear();

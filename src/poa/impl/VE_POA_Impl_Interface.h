@@ -131,6 +131,8 @@ private:
     // once per declaration: every interface's table names the dispatch
     // functions of all its bases again.
     const std::string& dispatch_function_name(AST_Decl* d, const char* accessor) const;
+    // The skeleton class's fully scoped name, made once per interface.
+    const std::string& scoped_skeleton(AST_Interface* i) const;
     // The key under which the reply handler's operation is stored: its IDL
     // identifier, with a leading "_" for the replies of ami_target's
     // attribute accessors.
@@ -154,6 +156,7 @@ private:
     // name the operations, arguments and types of all its bases again.
     // dispatch_function_name's names, by accessor "", "_get_", "_set_".
     mutable std::unordered_map<const AST_Decl*, std::array<std::string, 3>> m_dispatch_names;
+    mutable std::unordered_map<const AST_Interface*, std::string> m_scoped_skeletons;
     std::unordered_map<const AST_Operation*, std::vector<AST_Argument*>> m_arguments;
     std::unordered_map<const AST_Type*, std::string> m_streamables;
     // Each skeleton class's name as seen from itself.
