@@ -12,6 +12,7 @@
 #ifndef CXXMEMBERDECLARATION_H
 #define CXXMEMBERDECLARATION_H
 
+#include <cstddef>
 #include <functional>
 #include <iosfwd>
 #include <string>
@@ -28,6 +29,8 @@ public:
     CxxMemberDeclaration(std::string result, std::string name) : m_result(std::move(result)), m_name(std::move(name)) {}
 
     void add_parameter(std::string type, std::string name) { m_params.emplace_back(std::move(type), std::move(name)); }
+    // Room for `count` parameters, so that adding them moves none.
+    void reserve_parameters(std::size_t count) { m_params.reserve(count); }
     // Text written right after ")": " const" for a reader of a value.
     void set_qualifier(std::string q) { m_qualifier = std::move(q); }
     // Has the name written by `writer` in place of the name text.

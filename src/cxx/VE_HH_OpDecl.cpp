@@ -27,6 +27,7 @@ long VE_HH_OpDecl::visit(AST_Decl* d)
     CxxMemberDeclaration decl(map.param(op->return_type(), CxxTypeMapping::M_return), resolver().local_name(op));
     if (m_output_visitor)
         decl.set_name_writer([this, op](std::ostream&) { op->accept(m_output_visitor); });
+    decl.reserve_parameters(op->decls().size());
     for (const auto& member : op->decls()) {
         AST_Argument* arg = AST_Argument::narrow_from_decl(member.get());
         if (arg)
