@@ -16,9 +16,10 @@ JOBS=2
 # generated code takes (their examples); omniORB (library,
 # IDL compiler, tools, naming service) is the peer of the interoperability
 # tests; Ninja, man and pkg-config serve the test of the installed tree
-# (a user's CMake project built with Ninja, the manual page, the .pc file).
+# (a user's CMake project built with Ninja, the manual page, the .pc file);
+# the compiler allocates with jemalloc when it is there (docs/building.md).
 PACKAGES=(cmake g++ make libgtest-dev omniorb-idl tcl-combat libfastrtps-doc libomniorb4-dev omniidl omniorb
-    omniorb-nameserver ninja-build man-db pkgconf)
+    omniorb-nameserver ninja-build man-db pkgconf libjemalloc-dev)
 
 install_missing_packages() {
     local missing=()
