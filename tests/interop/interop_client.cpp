@@ -7,10 +7,9 @@
 #include "CheckReport.h"
 #include "InteropOrb.h"
 #include "ProbeChecks.h"
+#include "ReferenceFile.h"
 
 #include <cstdio>
-#include <cstring>
-#include <fstream>
 #include <string>
 #include <thread>
 
@@ -18,22 +17,9 @@ int main(int argc, char** argv)
 {
     try {
         CORBA::ORB_var orb = CORBA::ORB_init(argc, argv);
-        std::string reference;
-        for (int i = 1; i < argc; ++i) {
-            if (!std::strcmp(argv[i], "--ior-file") && i + 1 < argc) {
-                std::ifstream in(argv[++i]);
-                std::getline(in, reference);
-            } else if (!std::strcmp(argv[i], "--ref") && i + 1 < argc) {
-                reference = argv[++i];
-            } else {
-                std::fprintf(stderr, "interop_client: unknown argument %s\n", argv[i]);
-                return 2;
-            }
-        }
-        if (reference.empty()) {
-            std::fprintf(stderr, "usage: interop_client [ORB options] (--ior-file FILE | --ref REFERENCE)\n");
+        const std::string reference = interop::ReferenceFile::from_arguments(argc, argv, "interop_client", true);
+        if (reference.empty())
             return 2;
-        }
 
         CORBA::Object_var root = orb->resolve_initial_references("RootPOA");
         PortableServer::POA_var poa = PortableServer::POA::_narrow(root.in());

@@ -6,31 +6,14 @@
 //   --bind needs the NameService initial reference (-ORBInitRef).
 #include "InteropOrb.h"
 #include "ProbeServant.h"
-
-#include <pthread.h>
-#include <signal.h>
+#include "ReferenceFile.h"
+#include "ServerLoop.h"
 
 #include <cstdio>
 #include <cstring>
-#include <fstream>
 #include <string>
-#include <thread>
 
 namespace {
-
-// Writes the reference through a temporary file so that a reader polling
-// for the file never sees half of it.
-bool write_reference(const std::string& path, const char* ior)
-{
-    const std::string temporary = path + ".tmp";
-    {
-        std::ofstream out(temporary);
-        out << ior << '\n';
-        if (!out.flush())
-            return false;
-    }
-    return std::rename(temporary.c_str(), path.c_str()) == 0;
-}
 
 // Binds `object` as "context/name" (name "id.kind") in the naming service,
 // making the context when it is not there yet.
@@ -61,13 +44,7 @@ void bind_name(CORBA::ORB_ptr orb, const std::string& path, CORBA::Object_ptr ob
 
 int main(int argc, char** argv)
 {
-    // Stop signals are taken by one thread with sigwait; every other thread,
-    // the ORB's included, inherits the blocked mask.
-    sigset_t stop;
-    sigemptyset(&stop);
-    sigaddset(&stop, SIGTERM);
-    sigaddset(&stop, SIGINT);
-    pthread_sigmask(SIG_BLOCK, &stop, nullptr);
+    interop::ServerLoop loop;
 
     try {
         CORBA::ORB_var orb = CORBA::ORB_init(argc, argv);
@@ -98,20 +75,12 @@ int main(int argc, char** argv)
         if (!binding.empty())
             bind_name(orb.in(), binding, reference.in());
         CORBA::String_var ior = orb->object_to_string(reference.in());
-        if (!write_reference(ior_file, ior.in())) {
+        if (!interop::ReferenceFile::write(ior_file, ior.in())) {
             std::fprintf(stderr, "interop_server: cannot write %s\n", ior_file.c_str());
             return 1;
         }
 
-        std::thread stopper([&orb, &stop] {
-            int signal = 0;
-            sigwait(&stop, &signal);
-            orb->shutdown(false);
-        });
-        // Only the stopper shuts the ORB down, so run() returns after it did.
-        orb->run();
-        stopper.join();
-        orb->destroy();
+        loop.run(orb.in());
         return 0;
     } catch (const CORBA::Exception& e) {
         std::fprintf(stderr, "interop_server: %s\n", e._rep_id());

@@ -4,10 +4,10 @@
 // obv_client [ORB options] --ior-file FILE
 #include "CheckReport.h"
 #include "ObvSamples.h"
+#include "ReferenceFile.h"
 
 #include <cstdio>
 #include <cstring>
-#include <fstream>
 #include <functional>
 #include <string>
 
@@ -155,20 +155,9 @@ int main(int argc, char** argv)
 {
     try {
         CORBA::ORB_var orb = CORBA::ORB_init(argc, argv);
-        std::string reference;
-        for (int i = 1; i < argc; ++i) {
-            if (!std::strcmp(argv[i], "--ior-file") && i + 1 < argc) {
-                std::ifstream in(argv[++i]);
-                std::getline(in, reference);
-            } else {
-                std::fprintf(stderr, "obv_client: unknown argument %s\n", argv[i]);
-                return 2;
-            }
-        }
-        if (reference.empty()) {
-            std::fprintf(stderr, "usage: obv_client [ORB options] --ior-file FILE\n");
+        const std::string reference = interop::ReferenceFile::from_arguments(argc, argv, "obv_client", false);
+        if (reference.empty())
             return 2;
-        }
         obv::register_factories(orb.in());
         // Extended values arrive truncated to their base.
         orb->unregister_value_factory("IDL:Obv/Extended:1.0");

@@ -5,23 +5,16 @@
 // obv_server [ORB options] --ior-file FILE
 #include "ExchangeServant.h"
 #include "ObvSamples.h"
-
-#include <pthread.h>
-#include <signal.h>
+#include "ReferenceFile.h"
+#include "ServerLoop.h"
 
 #include <cstdio>
 #include <cstring>
-#include <fstream>
 #include <string>
-#include <thread>
 
 int main(int argc, char** argv)
 {
-    sigset_t stop;
-    sigemptyset(&stop);
-    sigaddset(&stop, SIGTERM);
-    sigaddset(&stop, SIGINT);
-    pthread_sigmask(SIG_BLOCK, &stop, nullptr);
+    interop::ServerLoop loop;
 
     try {
         CORBA::ORB_var orb = CORBA::ORB_init(argc, argv);
@@ -50,25 +43,13 @@ int main(int argc, char** argv)
             manager->activate();
 
             CORBA::String_var ior = orb->object_to_string(reference.in());
-            const std::string temporary = ior_file + ".tmp";
-            {
-                std::ofstream out(temporary);
-                out << ior.in() << '\n';
-            }
-            if (std::rename(temporary.c_str(), ior_file.c_str()) != 0) {
+            if (!interop::ReferenceFile::write(ior_file, ior.in())) {
                 std::fprintf(stderr, "obv_server: cannot write %s\n", ior_file.c_str());
                 return 1;
             }
 
-            std::thread stopper([&orb, &stop] {
-                int signal = 0;
-                sigwait(&stop, &signal);
-                orb->shutdown(false);
-            });
-            orb->run();
-            stopper.join();
             // The servants outlive the adapter.
-            orb->destroy();
+            loop.run(orb.in());
         }
         return 0;
     } catch (const CORBA::Exception& e) {
