@@ -6,6 +6,11 @@
 //     public:
 //       static I_ptr _duplicate(I_ptr), _nil(), _narrow(CORBA::Object_ptr),
 //           _unchecked_narrow(CORBA::Object_ptr);
+//       (an abstract interface derives from CORBA::AbstractBase instead,
+//       narrows a CORBA::AbstractBase_ptr too and makes its proxy of an
+//       object reference read from a message with _yv_from_object; an
+//       interface or proxy that is both says with _yv_object that it is an
+//       object reference)
 //       static const YV_FWString _yv_fw_type_id;
 //       <pure virtual member per operation and accessor, nested types>
 //   };
@@ -55,6 +60,9 @@ public:
     // VE_Client_Interface::find_all_interfaces.
     std::vector<AST_Interface*> proxy_interfaces(AST_Interface* i);
 
+    // Whether `i` is an abstract interface or derives from one.
+    static bool abstract_kind(AST_Interface* i);
+
 protected:
     // The whole text of one interface (I itself or its reply handler).
     virtual void output_interface(AST_Interface* i);
@@ -66,6 +74,9 @@ protected:
     virtual void output_members(AST_Interface* i);
     // The dynamic proxy class.
     virtual void output_proxy(AST_Interface* i);
+    // What a class that is both an abstract interface and an object
+    // reference says of itself.
+    static void write_object_identity(CxxPrinter& p);
 };
 
 #endif

@@ -29,6 +29,10 @@ public:
     // seen from the visitor's current scope.
     void output_supported(AST_Value* v, AST_Interface* supported, DeclMap& done);
 
+    // Whether `v` or one of its value bases supports an abstract interface
+    // (whose instance it then is).
+    static bool supports_abstract(AST_Value* v);
+
 protected:
     // The value type's class.
     virtual void output_value(AST_Value* v);

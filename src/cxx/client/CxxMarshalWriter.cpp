@@ -220,6 +220,10 @@ void CxxMarshalWriter::write_declaration(CxxPrinter& p, AST_Type* t, const std::
                 {{"name", name}, {"base", m_map.name(td->base_type())}});
         return;
     }
+    if (AST_Interface* i = AST_Interface::narrow_from_decl(t)) {
+        write_abstract_interface(p, i);
+        return;
+    }
     const bool by_value = CxxTypeMapping::kind_of(t) == CxxTypeMapping::K_enum;
     p.print("template <>\n");
     auto body = p.block("struct $macro$YV_Cxx::Marshal<$name$>\n{\n", "};\n", {{"macro", macro}, {"name", name}});
@@ -228,6 +232,20 @@ void CxxMarshalWriter::write_declaration(CxxPrinter& p, AST_Type* t, const std::
             {{"out", out_param}, {"value", by_value ? name : "const " + name + "&"}, {"v", value_param}});
     p.print("static void read(YV_CDR::InputStream& $in$, $name$& $v$);\n",
             {{"in", in_param}, {"name", name}, {"v", value_param}});
+}
+
+void CxxMarshalWriter::write_abstract_interface(CxxPrinter& p, AST_Interface* i) const
+{
+    // Inline: it only forwards to the runtime's encoding of either kind.
+    const std::string name = m_map.full_name(i);
+    const Vars vars{{"name", name}, {"out", out_param}, {"in", in_param}, {"v", value_param}};
+    p.print("template <>\n");
+    auto body = p.block("struct YV_Cxx::Marshal<$name$_var>\n{\n", "};\n", vars);
+    p.print("static constexpr std::size_t min_size = $size$;\n", {{"size", std::to_string(min_size(i))}});
+    p.print("static void write(YV_CDR::OutputStream& $out$, $name$_ptr $v$) { YV_Cxx::write_abstract($out$, $v$); }\n"
+            "static $name$_ptr read_reference(YV_CDR::InputStream& $in$) { return YV_Cxx::read_abstract_as<$name$>($in$); }\n"
+            "static void read(YV_CDR::InputStream& $in$, $name$_var& $v$) { $v$ = read_reference($in$); }\n",
+            vars);
 }
 
 void CxxMarshalWriter::write_structure(CxxPrinter& p, AST_Structure* s) const

@@ -28,6 +28,7 @@
 
 class AST_Enum;
 class AST_Exception;
+class AST_Interface;
 class AST_Structure;
 class AST_Type;
 class AST_Typedef;
@@ -49,6 +50,9 @@ public:
     // or of sequence typedef `t` (derived from the Marshal of its base).
     // `macro` is the export macro and a blank, or "".
     void write_declaration(CxxPrinter& p, AST_Type* t, const std::string& macro) const;
+    // The whole Marshal of an abstract interface (inline): a boolean, then
+    // an object reference or a value.
+    void write_abstract_interface(CxxPrinter& p, AST_Interface* i) const;
 
     // The source's bodies of write and read.
     void write_structure(CxxPrinter& p, AST_Structure* s) const;

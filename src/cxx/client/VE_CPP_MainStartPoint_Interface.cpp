@@ -135,6 +135,10 @@ void VE_CPP_MainStartPoint_Interface::output_narrow(CxxPrinter& p, AST_Interface
     CxxClientText text(visitor());
     const std::string full = text.full(i);
     const std::string proxy = text.mapping().scope_prefix(i) + "YV_Gen_DynamicProxy_" + text.local(i);
+    if (i->is_abstract()) {
+        output_abstract_narrow(p, full, proxy);
+        return;
+    }
     for (const char* narrow : {"_narrow", "_unchecked_narrow"}) {
         p.member(full + "_ptr", full + "::" + narrow, {"CORBA::Object_ptr _yvp_obj"}, "\n");
         auto body = p.block("{\n", "}\n\n");
@@ -148,6 +152,27 @@ void VE_CPP_MainStartPoint_Interface::output_narrow(CxxPrinter& p, AST_Interface
     }
 }
 
+void VE_CPP_MainStartPoint_Interface::output_abstract_narrow(CxxPrinter& p, const std::string& full,
+                                                             const std::string& proxy)
+{
+    const CxxPrinter::Vars vars{{"full", full}, {"proxy", proxy}};
+    // A value or a proxy that already is one is shared; an object reference
+    // of another kind is asked (or, unchecked, just wrapped).
+    for (const char* narrow : {"_narrow", "_unchecked_narrow"}) {
+        p.member(full + "_ptr", full + "::" + narrow, {"CORBA::AbstractBase_ptr _yvp_obj"}, "\n");
+        auto body = p.block("{\n", "}\n\n");
+        p.print("if (!_yvp_obj)\n    return nullptr;\n"
+                "if ($full$_ptr _yvl_typed = dynamic_cast<$full$_ptr>(_yvp_obj))\n    return _duplicate(_yvl_typed);\n"
+                "return YV_Cxx::$helper$<$full$, $proxy$>(_yvp_obj->_yv_object());\n",
+                {{"full", full},
+                 {"proxy", proxy},
+                 {"helper", std::string(narrow) == "_narrow" ? "narrow_reference" : "unchecked_narrow_reference"}});
+    }
+    p.member(full + "_ptr", full + "::_yv_from_object", {"CORBA::Object_ptr _yvp_obj"}, "\n");
+    auto body = p.block("{\n", "}\n\n");
+    p.print("return YV_Cxx::unchecked_narrow_reference<$full$, $proxy$>(_yvp_obj);\n", vars);
+}
+
 void VE_CPP_MainStartPoint_Interface::output_reference_helpers(CxxPrinter& p, AST_Interface* i)
 {
     CxxClientText text(visitor());
@@ -155,6 +180,17 @@ void VE_CPP_MainStartPoint_Interface::output_reference_helpers(CxxPrinter& p, AS
     // Friends of a class-mapped module are functions of the global namespace.
     const std::string scope = text.in_class(i->defined_in()) ? "" : text.mapping().scope_prefix(i);
     const CxxPrinter::Vars vars{{"full", full}, {"scope", scope}};
+    if (i->is_abstract()) {
+        // An abstract interface is an object reference only when it is one;
+        // it travels through its own Marshal, never as a plain object.
+        p.print("$full$_ptr $scope$yv_ref_duplicate($full$_ptr _yvp_obj) { return YV_Cxx::yv_ref_duplicate<$full$>(_yvp_obj); }\n"
+                "void $scope$yv_ref_release($full$_ptr _yvp_obj) { YV_Cxx::yv_ref_release<$full$>(_yvp_obj); }\n"
+                "CORBA::Object_ptr $scope$yv_ref_object($full$_ptr _yvp_obj) { return _yvp_obj ? _yvp_obj->_yv_object() : nullptr; }\n"
+                "$full$_ptr $scope$yv_ref_narrow(CORBA::Object_ptr _yvp_obj, $full$_ptr) "
+                "{ return $full$::_yv_from_object(_yvp_obj); }\n\n",
+                vars);
+        return;
+    }
     p.print("$full$_ptr $scope$yv_ref_duplicate($full$_ptr _yvp_obj) { return YV_Cxx::yv_ref_duplicate<$full$>(_yvp_obj); }\n"
             "void $scope$yv_ref_release($full$_ptr _yvp_obj) { YV_Cxx::yv_ref_release<$full$>(_yvp_obj); }\n"
             "CORBA::Object_ptr $scope$yv_ref_object($full$_ptr _yvp_obj) { return _yvp_obj; }\n"

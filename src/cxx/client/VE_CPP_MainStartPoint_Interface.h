@@ -84,6 +84,9 @@ protected:
     // Everything of one interface (the interface itself or a reply handler).
     virtual void output_interface(CxxPrinter& p, AST_Interface* i, const HandlerTargets& targets);
     virtual void output_narrow(CxxPrinter& p, AST_Interface* i);
+    // An abstract interface's narrowings of a CORBA::AbstractBase_ptr and
+    // its _yv_from_object.
+    void output_abstract_narrow(CxxPrinter& p, const std::string& full, const std::string& proxy);
     // The interface's overloads of the runtime's reference functions
     // (declared with its _ptr type), which take the incomplete type.
     void output_reference_helpers(CxxPrinter& p, AST_Interface* i);

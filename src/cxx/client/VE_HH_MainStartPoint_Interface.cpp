@@ -69,8 +69,14 @@ void VE_HH_MainStartPoint_Interface::output_interface(AST_Interface* i)
     p.print("class $macro$$name$ :\n", {{"macro", text.class_macro()}, {"name", name}});
     p.indent();
     if (i->inherits().empty())
-        p.print("public virtual CORBA::Object");
+        p.print(i->is_abstract() ? "public virtual CORBA::AbstractBase" : "public virtual CORBA::Object");
     p.list(i->inherits(), ",\n", [&](AST_Interface* base) { p.print("public virtual $base$", {{"base", text.full(base)}}); });
+    // A concrete interface whose bases are all abstract is an object all
+    // the same.
+    const auto concrete = [](AST_Interface* base) { return !base->is_abstract(); };
+    if (!i->is_abstract() && !i->inherits().empty() &&
+        std::none_of(i->inherits().begin(), i->inherits().end(), concrete))
+        p.print(",\npublic virtual CORBA::Object");
     p.print("\n");
     p.outdent();
     {
@@ -88,12 +94,26 @@ void VE_HH_MainStartPoint_Interface::output_standard_members(CxxPrinter& p, AST_
 {
     const std::string ptr = CxxClientText(visitor()).full(i) + "_ptr";
     const CxxPrinter::Vars vars{{"ptr", ptr}};
+    if (i->is_abstract()) {
+        // Counting goes to the object or the value this is.
+        p.print("static $ptr$ _duplicate($ptr$ _yvp_obj) { CORBA::AbstractBase::_duplicate(_yvp_obj); return _yvp_obj; }\n",
+                vars);
+        p.print("static $ptr$ _nil() { return 0; }\n", vars);
+        p.print("static $ptr$ _narrow(CORBA::AbstractBase_ptr _yvp_obj);\n", vars);
+        p.print("static $ptr$ _unchecked_narrow(CORBA::AbstractBase_ptr _yvp_obj);\n", vars);
+        p.print("// A new proxy of an object reference read from a message.\n");
+        p.print("static $ptr$ _yv_from_object(CORBA::Object_ptr _yvp_obj);\n", vars);
+        p.print("static const YV_FWString _yv_fw_type_id;\n\n");
+        return;
+    }
     p.print("static $ptr$ _duplicate($ptr$ _yvp_obj) { if (_yvp_obj) _yvp_obj->_yv_add_ref(); return _yvp_obj; }\n",
             vars);
     p.print("static $ptr$ _nil() { return 0; }\n", vars);
     p.print("static $ptr$ _narrow(CORBA::Object_ptr _yvp_obj);\n", vars);
     p.print("static $ptr$ _unchecked_narrow(CORBA::Object_ptr _yvp_obj);\n", vars);
     p.print("static const YV_FWString _yv_fw_type_id;\n\n");
+    if (abstract_kind(i))
+        write_object_identity(p);
 }
 
 void VE_HH_MainStartPoint_Interface::output_members(AST_Interface* i)
@@ -124,13 +144,18 @@ void VE_HH_MainStartPoint_Interface::output_proxy(AST_Interface* i)
     const std::string macro = text.class_macro();
     const std::string full = text.full(i);
     const CxxPrinter::Vars vars{{"macro", macro}, {"proxy", proxy}, {"full", full}, {"base", base_proxy}};
-    auto cls = p.block(base ? "class $macro$$proxy$ :\n    public $base$,\n    public virtual $full$\n{\n  public:\n"
-                            : "class $macro$$proxy$ :\n    public virtual $full$\n{\n  public:\n",
-                       "};\n\n", vars);
+    // The proxy of an abstract interface is the object-reference kind of it.
+    const char* head = base ? "class $macro$$proxy$ :\n    public $base$,\n    public virtual $full$\n{\n  public:\n"
+                       : i->is_abstract()
+                           ? "class $macro$$proxy$ :\n    public virtual $full$,\n    public virtual CORBA::Object\n{\n  public:\n"
+                           : "class $macro$$proxy$ :\n    public virtual $full$\n{\n  public:\n";
+    auto cls = p.block(head, "};\n\n", vars);
     p.print(base ? "explicit $proxy$(CORBA::Object_ptr _yvp_target) : CORBA::Object(_yvp_target), "
                    "$base$(_yvp_target) {}\n\n"
                  : "explicit $proxy$(CORBA::Object_ptr _yvp_target) : CORBA::Object(_yvp_target) {}\n\n",
             vars);
+    if (abstract_kind(i))
+        write_object_identity(p);
 
     UTL_Scope* saved = visitor()->scope();
     visitor()->set_scope(nullptr);
@@ -152,6 +177,22 @@ void VE_HH_MainStartPoint_Interface::output_proxy(AST_Interface* i)
         }
     }
     visitor()->set_scope(saved);
+}
+
+bool VE_HH_MainStartPoint_Interface::abstract_kind(AST_Interface* i)
+{
+    if (!i || dynamic_cast<AMI_ReplyHandlerInterface*>(i))
+        return false;
+    if (i->is_abstract())
+        return true;
+    return std::any_of(i->inherits().begin(), i->inherits().end(), [](AST_Interface* b) { return abstract_kind(b); });
+}
+
+void VE_HH_MainStartPoint_Interface::write_object_identity(CxxPrinter& p)
+{
+    // Both CORBA::Object and CORBA::AbstractBase release; this is an object.
+    p.print("CORBA::Object_ptr _yv_object() override { return this; }\n"
+            "using CORBA::Object::_yv_release;\n\n");
 }
 
 AST_Interface* VE_HH_MainStartPoint_Interface::proxy_base(AST_Interface* i)

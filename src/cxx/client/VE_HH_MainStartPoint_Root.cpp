@@ -1,5 +1,6 @@
 #include "VE_HH_MainStartPoint_Root.h"
 
+#include "AST_Interface.h"
 #include "AST_Root.h"
 #include "AST_Type.h"
 #include "AST_Typedef.h"
@@ -55,6 +56,10 @@ bool has_marshal(AST_Decl* d)
     case AST_Decl::NT_struct:
     case AST_Decl::NT_union:
     case AST_Decl::NT_enum: return true;
+    case AST_Decl::NT_interface: {
+        AST_Interface* i = AST_Interface::narrow_from_decl(d);
+        return i->is_abstract() && !i->is_local();
+    }
     default: return false;
     }
 }

@@ -36,6 +36,19 @@ long VE_HH_MainStartPoint_Value::visit(AST_Decl* d)
     return 1;
 }
 
+bool VE_HH_MainStartPoint_Value::supports_abstract(AST_Value* v)
+{
+    if (!v)
+        return false;
+    for (AST_Interface* supported : v->supports())
+        if (supported && supported->is_abstract())
+            return true;
+    for (AST_Value* base : v->inherits())
+        if (supports_abstract(base))
+            return true;
+    return false;
+}
+
 void VE_HH_MainStartPoint_Value::output_value(AST_Value* v)
 {
     CxxClientText text(visitor());
@@ -52,6 +65,10 @@ void VE_HH_MainStartPoint_Value::output_value(AST_Value* v)
     if (v->inherits().empty())
         p.print("public virtual CORBA::ValueBase");
     p.list(v->inherits(), ",\n", [&](AST_Value* base) { p.print("public virtual $base$", {{"base", text.full(base)}}); });
+    // A value supporting an abstract interface is an instance of it.
+    for (AST_Interface* supported : v->supports())
+        if (supported && supported->is_abstract())
+            p.print(",\npublic virtual $base$", {{"base", text.full(supported)}});
     p.print("\n");
     p.outdent();
     {
@@ -67,6 +84,8 @@ void VE_HH_MainStartPoint_Value::output_value(AST_Value* v)
         p.print("static $full$* _downcast(CORBA::ValueBase* _yvp_value) { return dynamic_cast<$full$*>(_yvp_value); }\n",
                 {{"full", full}});
         p.print("static const YV_FWString _yv_fw_type_id;\n");
+        if (supports_abstract(v))
+            p.print("CORBA::ValueBase* _yv_value() override { return this; }\n");
         const CxxMarshalWriter marshal(text.mapping(), resolver());
         CxxValueWriter(text.mapping(), resolver(), marshal).write_class_members(p, v);
 

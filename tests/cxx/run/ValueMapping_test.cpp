@@ -62,6 +62,24 @@ public:
     CORBA::ValueBase* create_for_unmarshal() override { return new CountingImpl(0); }
 };
 
+// The two kinds of a Named: a value and an object.
+class NamedValueImpl : public virtual OBV_Obv::NamedValue {
+public:
+    NamedValueImpl() = default;
+    explicit NamedValueImpl(const char* title) : OBV_Obv::NamedValue(title) {}
+    char* name() override { return CORBA::string_dup(title()); }
+};
+
+class NamedValueFactory : public CORBA::ValueFactoryBase {
+public:
+    CORBA::ValueBase* create_for_unmarshal() override { return new NamedValueImpl; }
+};
+
+class NamedObjectServant : public virtual POA_Obv::NamedObject {
+public:
+    char* name() override { return CORBA::string_dup("object"); }
+};
+
 class GraphsServant : public virtual POA_Obv::Graphs {
 public:
     Obv::Node* echo(Obv::Node* n) override { return keep_and_return(n); }
@@ -127,6 +145,19 @@ public:
     }
 
     void fail(Obv::Node* n) override { throw Obv::Failed(keep(n)); }
+
+    // Says what arrived and sends it back.
+    Obv::Named_ptr pass_named(Obv::Named_ptr n, CORBA::String_out seen) override
+    {
+        std::string kind = "nil";
+        if (!CORBA::is_nil(n)) {
+            CORBA::Object_var object = n->_to_object();
+            kind = CORBA::is_nil(object.in()) ? "value " : "object ";
+            kind += CORBA::String_var(n->name()).in();
+        }
+        seen = CORBA::string_dup(kind.c_str());
+        return Obv::Named::_duplicate(n);
+    }
 
     Obv::Node* current() override { return keep_and_return(m_current.in()); }
     void current(Obv::Node* n) override
@@ -280,6 +311,48 @@ TEST(ValueClasses, DefaultFactoriesAreRegisteredAtStart)
             EXPECT_EQ(Obv::Node_init::_downcast(f.in()) != nullptr, std::string(c.id) == "IDL:Obv/Node:1.0");
         }
     }
+}
+
+// An abstract interface is a boolean (true: an object reference follows),
+// then the reference or the value; in an any it keeps its type code.
+TEST(AbstractInterfaces, EncodingAndAny)
+{
+    CORBA::ValueFactoryBase_var factory = new NamedValueFactory;
+    CORBA::ValueFactoryBase_var previous = orb()->register_value_factory("IDL:Obv/NamedValue:1.0", factory.in());
+    NamedObjectServant servant;
+    Obv::NamedObject_var object = servant._this();
+    Obv::NamedValue_var value = new NamedValueImpl("v");
+    const struct {
+        const char* name;
+        Obv::Named_ptr sent;
+        bool object;
+    } cases[] = {{"object", object.in(), true}, {"value", value.in(), false}, {"nil", nullptr, false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        YV_CDR::OutputStream out(false);
+        YV_Cxx::Marshal<Obv::Named_var>::write(out, c.sent);
+        YV_CDR::InputStream flag(out.data(), out.size(), false);
+        EXPECT_EQ(flag.read_boolean(), c.object);
+        YV_CDR::InputStream in(out.data(), out.size(), false);
+        Obv::Named_var back;
+        YV_Cxx::Marshal<Obv::Named_var>::read(in, back);
+        EXPECT_EQ(in.remaining(), 0u);
+        EXPECT_EQ(CORBA::is_nil(back.in()), CORBA::is_nil(c.sent));
+        if (!CORBA::is_nil(back.in())) {
+            EXPECT_STREQ(CORBA::String_var(back->name()).in(), c.object ? "object" : "v");
+        }
+
+        CORBA::Any any;
+        any <<= c.sent;
+        EXPECT_EQ(any.type()->kind(), CORBA::tk_abstract_interface);
+        Obv::Named_ptr got = nullptr;
+        ASSERT_TRUE(any >>= got);
+        EXPECT_EQ(got, c.sent);
+    }
+    orb()->unregister_value_factory("IDL:Obv/NamedValue:1.0");
+    PortableServer::POA_var poa = servant._default_POA();
+    PortableServer::ObjectId_var id = poa->servant_to_id(&servant);
+    poa->deactivate_object(id.in());
 }
 
 class ValuePathsTest : public ::testing::TestWithParam<YV_Runtime::DispatchPath> {
@@ -484,6 +557,55 @@ TEST_P(ValuePathsTest, AValueServesTheInterfaceItSupports)
     PortableServer::ObjectId_var id = poa->servant_to_id(impl);
     poa->deactivate_object(id.in());
     impl->_remove_ref();
+}
+
+TEST_P(ValuePathsTest, AbstractInterfacesCarryObjectsAndValues)
+{
+    CORBA::ValueFactoryBase_var factory = new NamedValueFactory;
+    CORBA::ValueFactoryBase_var previous = orb()->register_value_factory("IDL:Obv/NamedValue:1.0", factory.in());
+    NamedObjectServant object_servant;
+    Obv::NamedObject_var object = object_servant._this();
+    Obv::NamedValue_var value = new NamedValueImpl("value");
+
+    struct Case {
+        const char* name;
+        Obv::Named_ptr sent;
+        const char* seen;
+        bool object;
+    };
+    const Case cases[] = {
+        {"object", object.in(), "object object", true},
+        {"value", value.in(), "value value", false},
+        {"nil", Obv::Named::_nil(), "nil", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        CORBA::String_var seen;
+        Obv::Named_var back = graphs->pass_named(c.sent, seen.out());
+        EXPECT_STREQ(seen.in(), c.seen);
+        if (CORBA::is_nil(c.sent)) {
+            EXPECT_TRUE(CORBA::is_nil(back.in()));
+            continue;
+        }
+        ASSERT_FALSE(CORBA::is_nil(back.in()));
+        CORBA::Object_var as_object = back->_to_object();
+        CORBA::ValueBase_var as_value = back->_to_value();
+        EXPECT_EQ(!CORBA::is_nil(as_object.in()), c.object);
+        EXPECT_EQ(as_value.in() != nullptr, !c.object);
+        EXPECT_STREQ(CORBA::String_var(back->name()).in(), c.object ? "object" : "value");
+        if (c.object) {
+            Obv::NamedObject_var narrowed = Obv::NamedObject::_narrow(as_object.in());
+            EXPECT_FALSE(CORBA::is_nil(narrowed.in()));
+        }
+    }
+    // Narrowing an AbstractBase to the interface keeps what it is.
+    CORBA::AbstractBase_ptr base = value.in();
+    Obv::Named_var named = Obv::Named::_narrow(base);
+    EXPECT_EQ(named.in(), static_cast<Obv::Named_ptr>(value.in()));
+    orb()->unregister_value_factory("IDL:Obv/NamedValue:1.0");
+    PortableServer::POA_var poa = object_servant._default_POA();
+    PortableServer::ObjectId_var id = poa->servant_to_id(&object_servant);
+    poa->deactivate_object(id.in());
 }
 
 INSTANTIATE_TEST_SUITE_P(AllPaths, ValuePathsTest,

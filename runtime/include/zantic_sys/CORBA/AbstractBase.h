@@ -11,6 +11,8 @@
 #include "../YV_Cxx/Ref_var.h"
 #include "Types.h"
 
+#include <type_traits>
+
 namespace CORBA {
 
 class ValueBase;
@@ -48,6 +50,28 @@ protected:
 
 void release(AbstractBase_ptr p);
 Boolean is_nil(AbstractBase_ptr p);
+
+// A concrete interface derived from an abstract one converts to both
+// Object_ptr and AbstractBase_ptr; it is released and tested as an object.
+// (Object itself is left to its own overloads before anything asks it for
+// its bases: it may be incomplete here.)
+template <class T>
+using IfObjectAndAbstract =
+    std::enable_if_t<std::conjunction<std::negation<std::is_same<T, Object>>, std::is_base_of<Object, T>,
+                                      std::is_base_of<AbstractBase, T>>::value>;
+
+template <class T, class = IfObjectAndAbstract<T>>
+void release(T* p)
+{
+    if (p != nullptr)
+        p->Object::_yv_release();
+}
+
+template <class T, class = IfObjectAndAbstract<T>>
+Boolean is_nil(T* p)
+{
+    return p == nullptr;
+}
 
 typedef YV_Cxx::ObjRef_var<AbstractBase> AbstractBase_var;
 typedef YV_Cxx::ObjRef_out<AbstractBase> AbstractBase_out;
