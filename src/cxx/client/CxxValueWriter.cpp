@@ -4,6 +4,8 @@
 #include "AST_Interface.h"
 #include "AST_StateMember.h"
 #include "AST_Structure.h"
+#include "AST_Union.h"
+#include "AST_UnionBranch.h"
 #include "AST_Value.h"
 #include "AST_ValueBox.h"
 #include "CxxLiteral.h"
@@ -11,6 +13,7 @@
 #include "CxxPrinter.h"
 #include "CxxTypeMapping.h"
 #include "NameResolver.h"
+#include "VE_HH_MainStartPoint_Union.h"
 
 #include <set>
 
@@ -170,9 +173,43 @@ void CxxValueWriter::write_box_accessors(CxxPrinter& p, AST_ValueBox* b) const
             write_accessors(p, f->field_type(), name, "_yv_value." + name, "");
         }
         break;
+    case CxxTypeMapping::K_union:
+        write_union_box_accessors(p, AST_Union::narrow_from_decl(CxxTypeMapping::resolved(t)));
+        break;
     default: break;
     }
     p.print("\n");
+}
+
+void CxxValueWriter::write_union_box_accessors(CxxPrinter& p, AST_Union* u) const
+{
+    // The union's discriminator and branches, each forwarded to the value
+    // held.
+    const std::string disc = m_map.name(u->disc_type());
+    p.print("void _d($disc$ _yvp_d) { _yv_value._d(_yvp_d); }\n"
+            "$disc$ _d() const { return _yv_value._d(); }\n",
+            {{"disc", disc}});
+    bool has_default = false;
+    for (AST_UnionBranch* b : u->branches())
+        for (const AST_UnionLabel& l : b->labels())
+            has_default = has_default || l.label_kind() == AST_UnionLabel::UL_default;
+    if (!has_default && !VE_HH_MainStartPoint_Union::unused_discriminator(u, m_map).empty())
+        p.print("void _default() { _yv_value._default(); }\n");
+    for (AST_UnionBranch* b : u->branches()) {
+        AST_Type* t = b->field_type();
+        // The printer's values refer to these strings.
+        const std::string name = m_resolver.local_name(b);
+        const std::string writer = m_map.member_writer(t);
+        const std::string reader = m_map.member_reader(t);
+        const CxxPrinter::Vars vars{{"name", name}, {"writer", writer}, {"reader", reader}};
+        p.print("void $name$($writer$ _yvp_value) { _yv_value.$name$(_yvp_value); }\n"
+                "$reader$ $name$() const { return _yv_value.$name$(); }\n",
+                vars);
+        if (CxxTypeMapping::has_member_modifier(t)) {
+            const std::string modifier = m_map.member_modifier(t);
+            p.print("$modifier$ $name$() { return _yv_value.$name$(); }\n", {{"modifier", modifier}, {"name", name}});
+        }
+    }
 }
 
 void CxxValueWriter::write_box_members(CxxPrinter& p, AST_ValueBox* b) const

@@ -28,6 +28,7 @@
 
 class AST_StateMember;
 class AST_Type;
+class AST_Union;
 class AST_Value;
 class AST_ValueBox;
 class CxxMarshalWriter;
@@ -64,7 +65,7 @@ public:
     // Header, inside a value box's class (public): _boxed_in, _boxed_inout
     // and _boxed_out; for a string box adoption of strings and indexing,
     // for a sequence box its length and elements, for a structure box an
-    // accessor per member.
+    // accessor per member, for a union box _d and the branches' accessors.
     void write_box_accessors(CxxPrinter& p, AST_ValueBox* b) const;
     // Header, inside a value box's class (public): what the runtime calls.
     void write_box_members(CxxPrinter& p, AST_ValueBox* b) const;
@@ -75,6 +76,7 @@ public:
     void write_box_definitions(CxxPrinter& p, AST_ValueBox* b) const;
 
 private:
+    void write_union_box_accessors(CxxPrinter& p, AST_Union* u) const;
     // The OBV_ class of `v` as seen from file scope ("OBV_M::V", "OBV_V").
     std::string obv_name(AST_Value* v) const;
     void write_unmarshal_state(CxxPrinter& p, AST_Value* v, CxxPrinter::Vars vars) const;

@@ -286,6 +286,27 @@ TEST(ValueClasses, BoxAccessors)
     l->_boxed_inout() = 2;
     EXPECT_EQ(l->_boxed_in(), 2);
 
+    // A union box selects and reads branches as the union does.
+    Obv::ChoiceBox_var u = new Obv::ChoiceBox;
+    u->text("chosen");
+    EXPECT_EQ(u->_d(), 2);
+    EXPECT_STREQ(u->text(), "chosen");
+    u->number(12);
+    EXPECT_EQ(u->_d(), 1);
+    EXPECT_EQ(u->_value().number(), 12);
+    Obv::Pair pair;
+    pair.a = 3;
+    u->pair(pair);
+    u->pair().b = CORBA::string_dup("modified");
+    EXPECT_EQ(u->_d(), 3);
+    EXPECT_STREQ(u->_boxed_in().pair().b, "modified");
+    u->_default();
+    EXPECT_NE(u->_d(), 1);
+    EXPECT_NE(u->_d(), 2);
+    EXPECT_NE(u->_d(), 3);
+    u->_d(3);
+    EXPECT_EQ(u->pair().a, 3);
+
     const CORBA::Long cells[3] = {1, 2, 3};
     Obv::GridBox_var g = new Obv::GridBox(cells);
     g->_boxed_inout()[2] = 4;
