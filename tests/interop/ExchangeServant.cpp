@@ -2,6 +2,8 @@
 
 #include "ObvSamples.h"
 
+#include <string>
+
 namespace obv {
 
 namespace {
@@ -73,5 +75,20 @@ Obv::Counter_ptr ExchangeServant::make_counter(CORBA::Long start)
     CORBA::Object_var object = m_poa->id_to_reference(id.in());
     return Obv::Counter::_narrow(object.in());
 }
+
+Obv::Named_ptr ExchangeServant::echo_named(Obv::Named_ptr n, CORBA::String_out seen)
+{
+    std::string kind = "nil";
+    if (!CORBA::is_nil(n)) {
+        CORBA::Object_var object = n->_to_object();
+        kind = CORBA::is_nil(object.in()) ? "value " : "object ";
+        CORBA::String_var name = n->name();
+        kind += name.in();
+    }
+    seen = CORBA::string_dup(kind.c_str());
+    return Obv::Named::_duplicate(n);
+}
+
+char* ExchangeServant::name() { return CORBA::string_dup("exchange"); }
 
 } // namespace obv

@@ -26,6 +26,8 @@ public:
     Obv::PointBox* echo_point(Obv::PointBox* p) override;
     CORBA::Any* echo_any(const CORBA::Any& a) override;
     Obv::Counter_ptr make_counter(CORBA::Long start) override;
+    Obv::Named_ptr echo_named(Obv::Named_ptr n, CORBA::String_out seen) override;
+    char* name() override;
 
 private:
     PortableServer::POA_var m_poa;

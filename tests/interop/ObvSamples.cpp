@@ -28,6 +28,7 @@ void register_factories(CORBA::ORB_ptr orb)
     register_factory(orb, "IDL:Obv/Base:1.0", new Factory<OBV_Obv::Base>);
     register_factory(orb, "IDL:Obv/Derived:1.0", new Factory<OBV_Obv::Derived>);
     register_factory(orb, "IDL:Obv/Extended:1.0", new Factory<OBV_Obv::Extended>);
+    register_factory(orb, "IDL:Obv/NamedValue:1.0", new Factory<NamedValueImpl>);
 }
 
 Obv::Node* make_pair_graph()

@@ -18,8 +18,14 @@ public:
     void set_balance(CORBA::LongLong v) { balance(v); }
 };
 
-// Registers the factories of Account (AccountView), Node, Base, Derived
-// and Extended with `orb`.
+// A NamedValue whose name is its title.
+class NamedValueImpl : public virtual OBV_Obv::NamedValue, public virtual CORBA::DefaultValueRefCountBase {
+public:
+    char* name() override { return CORBA::string_dup(title()); }
+};
+
+// Registers the factories of Account (AccountView), Node, Base, Derived,
+// Extended and NamedValue (NamedValueImpl) with `orb`.
 void register_factories(CORBA::ORB_ptr orb);
 
 // A node labelled 1 whose two children are one node labelled 2.

@@ -146,6 +146,40 @@ void run_checks(CORBA::ORB_ptr orb, Obv::Exchange_ptr exchange, CheckReport& rep
         return first == 11 && second == 12 ? std::string()
                                            : "counted " + std::to_string(first) + ", " + std::to_string(second);
     });
+    check(report, "an abstract interface carrying an object reference", [&] {
+        CORBA::String_var seen;
+        Obv::Named_var back = exchange->echo_named(exchange, seen.out());
+        std::string problems;
+        if (std::strcmp(seen.in(), "object exchange") != 0)
+            problems += std::string(" arrived as ") + seen.in();
+        if (CORBA::is_nil(back.in()))
+            return problems + " nil came back";
+        CORBA::Object_var object = back->_to_object();
+        if (CORBA::is_nil(object.in()))
+            problems += " not an object";
+        CORBA::String_var name = back->name();
+        if (std::strcmp(name.in(), "exchange") != 0)
+            problems += std::string(" named ") + name.in();
+        return problems;
+    });
+    check(report, "an abstract interface carrying a value", [&] {
+        Obv::NamedValue_var sent = new obv::NamedValueImpl;
+        sent->title("plain");
+        CORBA::String_var seen;
+        Obv::Named_var back = exchange->echo_named(sent.in(), seen.out());
+        std::string problems;
+        if (std::strcmp(seen.in(), "value plain") != 0)
+            problems += std::string(" arrived as ") + seen.in();
+        if (CORBA::is_nil(back.in()))
+            return problems + " nil came back";
+        CORBA::ValueBase_var value = back->_to_value();
+        if (Obv::NamedValue::_downcast(value.in()) == nullptr)
+            problems += " not a NamedValue";
+        CORBA::String_var name = back->name();
+        if (std::strcmp(name.in(), "plain") != 0)
+            problems += std::string(" named ") + name.in();
+        return problems;
+    });
     (void)orb;
 }
 
