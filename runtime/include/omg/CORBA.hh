@@ -7,6 +7,9 @@
 
 #include "../zantic_sys/CORBA/AbstractBase.h"
 #include "../zantic_sys/CORBA/Any.h"
+#include "../zantic_sys/CORBA/CustomMarshal.h"
+#include "../zantic_sys/CORBA/DataInputStream.h"
+#include "../zantic_sys/CORBA/DataOutputStream.h"
 #include "../zantic_sys/CORBA/Exception.h"
 #include "../zantic_sys/CORBA/Fixed.h"
 #include "../zantic_sys/CORBA/NVList.h"

@@ -97,6 +97,19 @@ std::string CxxValueWriter::array_of_slice(AST_StateMember* m, const std::string
 
 void CxxValueWriter::write_class_members(CxxPrinter& p, AST_Value* v) const
 {
+    if (v && !v->is_abstract() && v->is_custom()) {
+        // The state is what the program's marshal() writes, chunked; these
+        // name CustomMarshal's over those a concrete base may have.
+        p.print("static const char* _yv_value_id() { return $id$; }\n", {{"id", id_literal(v)}});
+        p.print("CORBA::ValueBase* _copy_value() override { return YV_Cxx::copy_value(this); }\n");
+        p.print("const char* const* _yv_type_ids(CORBA::ULong& _yvp_count) const override;\n");
+        p.print("CORBA::Boolean _yv_is_chunked() const override { return true; }\n");
+        p.print("void _yv_marshal_state(YV_CDR::OutputStream& _yvp_out) const override "
+                "{ CORBA::CustomMarshal::_yv_marshal_state(_yvp_out); }\n");
+        p.print("void _yv_unmarshal_state(YV_CDR::InputStream& _yvp_in) override "
+                "{ CORBA::CustomMarshal::_yv_unmarshal_state(_yvp_in); }\n");
+        return;
+    }
     if (!marshals_state(v))
         return;
     p.print("static const char* _yv_value_id() { return $id$; }\n", {{"id", id_literal(v)}});
@@ -325,6 +338,10 @@ void CxxValueWriter::write_type_ids(CxxPrinter& p, const std::string& full, cons
 
 void CxxValueWriter::write_definitions(CxxPrinter& p, AST_Value* v) const
 {
+    if (v && !v->is_abstract() && v->is_custom()) {
+        write_type_ids(p, m_map.full_name(v), {id_literal(v)});
+        return;
+    }
     if (!marshals_state(v))
         return;
     const std::string full = m_map.full_name(v);

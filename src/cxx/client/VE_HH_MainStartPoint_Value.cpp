@@ -19,6 +19,7 @@
 #include "VE_HH_OpDecl.h"
 #include "VIS_HH_MainStartPoint.h"
 
+#include <algorithm>
 #include <vector>
 
 long VE_HH_MainStartPoint_Value::visit(AST_Decl* d)
@@ -62,9 +63,14 @@ void VE_HH_MainStartPoint_Value::output_value(AST_Value* v)
     }
     p.print("class $macro$$name$ :\n", {{"macro", text.class_macro()}, {"name", name}});
     p.indent();
+    // A custom value writes its own state (its custom bases say so already).
     if (v->inherits().empty())
-        p.print("public virtual CORBA::ValueBase");
+        p.print(v->is_custom() ? "public virtual CORBA::CustomMarshal" : "public virtual CORBA::ValueBase");
     p.list(v->inherits(), ",\n", [&](AST_Value* base) { p.print("public virtual $base$", {{"base", text.full(base)}}); });
+    if (v->is_custom() && !v->inherits().empty() &&
+        std::none_of(v->inherits().begin(), v->inherits().end(),
+                     [](AST_Value* base) { return base && base->is_custom(); }))
+        p.print(",\npublic virtual CORBA::CustomMarshal");
     // A value supporting an abstract interface is an instance of it.
     for (AST_Interface* supported : v->supports())
         if (supported && supported->is_abstract())

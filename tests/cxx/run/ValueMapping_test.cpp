@@ -62,6 +62,31 @@ public:
     CORBA::ValueBase* create_for_unmarshal() override { return new CountingImpl(0); }
 };
 
+// A custom value: its state goes as the program writes it.
+class TaggedImpl : public virtual OBV_Obv::Tagged {
+public:
+    void marshal(CORBA::DataOutputStream* os) override
+    {
+        os->write_long(tag());
+        os->write_string(text());
+        os->write_Value(next.in());
+    }
+    void unmarshal(CORBA::DataInputStream* is) override
+    {
+        tag(is->read_long());
+        CORBA::String_var s = is->read_string();
+        text(s.in());
+        next = is->read_Value();
+    }
+    // Another value written inside this one's chunks.
+    CORBA::ValueBase_var next;
+};
+
+class TaggedFactory : public CORBA::ValueFactoryBase {
+public:
+    CORBA::ValueBase* create_for_unmarshal() override { return new TaggedImpl; }
+};
+
 // The two kinds of a Named: a value and an object.
 class NamedValueImpl : public virtual OBV_Obv::NamedValue {
 public:
@@ -374,6 +399,52 @@ TEST(AbstractInterfaces, EncodingAndAny)
     PortableServer::POA_var poa = servant._default_POA();
     PortableServer::ObjectId_var id = poa->servant_to_id(&servant);
     poa->deactivate_object(id.in());
+}
+
+// A custom value is chunked and carries type information; what marshal()
+// writes, a nested value included, unmarshal() reads back.
+TEST(CustomValues, StateAsTheProgramWritesIt)
+{
+    CORBA::ValueFactoryBase_var factory = new TaggedFactory;
+    CORBA::ValueFactoryBase_var previous = orb()->register_value_factory("IDL:Obv/Tagged:1.0", factory.in());
+    Obv::Tagged_var sent = new TaggedImpl;
+    sent->tag(-7);
+    sent->text("custom");
+    dynamic_cast<TaggedImpl*>(sent.in())->next = node(5);
+
+    YV_CDR::OutputStream out(false);
+    YV_Cxx::Marshal<Obv::Tagged_var>::write(out, sent.in());
+    YV_CDR::InputStream head(out.data(), out.size(), false);
+    EXPECT_EQ(head.read_ulong(), 0x7fffff0au); // one id, chunked
+    EXPECT_STREQ(CORBA::String_var(head.read_string()).in(), "IDL:Obv/Tagged:1.0");
+
+    YV_CDR::InputStream in(out.data(), out.size(), false);
+    Obv::Tagged_var back;
+    YV_Cxx::Marshal<Obv::Tagged_var>::read(in, back);
+    EXPECT_EQ(in.remaining(), 0u);
+    TaggedImpl* impl = dynamic_cast<TaggedImpl*>(back.in());
+    ASSERT_NE(impl, nullptr);
+    EXPECT_EQ(impl->tag(), -7);
+    EXPECT_STREQ(impl->text(), "custom");
+    Obv::Node* next = Obv::Node::_downcast(impl->next.in());
+    ASSERT_NE(next, nullptr);
+    EXPECT_EQ(next->label(), 5);
+
+    // Over the wire, where it arrives as a ValueBase.
+    YV_Runtime::set_dispatch_path(YV_Runtime::wire);
+    {
+        GraphsServant servant;
+        Obv::Graphs_var graphs = servant._this();
+        CORBA::ValueBase_var echoed = graphs->anything(sent.in());
+        TaggedImpl* wired = dynamic_cast<TaggedImpl*>(echoed.in());
+        ASSERT_NE(wired, nullptr);
+        EXPECT_STREQ(wired->text(), "custom");
+        PortableServer::POA_var poa = servant._default_POA();
+        PortableServer::ObjectId_var id = poa->servant_to_id(&servant);
+        poa->deactivate_object(id.in());
+    }
+    YV_Runtime::set_dispatch_path(YV_Runtime::colocated);
+    orb()->unregister_value_factory("IDL:Obv/Tagged:1.0");
 }
 
 class ValuePathsTest : public ::testing::TestWithParam<YV_Runtime::DispatchPath> {
