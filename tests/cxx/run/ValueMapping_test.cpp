@@ -368,6 +368,10 @@ TEST(AbstractInterfaces, EncodingAndAny)
     NamedObjectServant servant;
     Obv::NamedObject_var object = servant._this();
     Obv::NamedValue_var value = new NamedValueImpl("v");
+    // An interface that is an object and an abstract interface is released
+    // and tested as the object.
+    CORBA::release(Obv::NamedObject::_duplicate(object.in()));
+    EXPECT_FALSE(CORBA::is_nil(object.in()));
     const struct {
         const char* name;
         Obv::Named_ptr sent;
