@@ -93,26 +93,26 @@ void VE_HH_MainStartPoint_Interface::output_interface(AST_Interface* i)
 void VE_HH_MainStartPoint_Interface::output_standard_members(CxxPrinter& p, AST_Interface* i)
 {
     const std::string ptr = CxxClientText(visitor()).full(i) + "_ptr";
-    const CxxPrinter::Vars vars{{"ptr", ptr}};
-    if (i->is_abstract()) {
-        // Counting goes to the object or the value this is.
+    // An abstract interface narrows an AbstractBase_ptr, and its counting
+    // goes to the object or the value it is.
+    const bool abstract = i->is_abstract();
+    const CxxPrinter::Vars vars{{"ptr", ptr}, {"from", abstract ? "CORBA::AbstractBase_ptr" : "CORBA::Object_ptr"}};
+    if (abstract)
         p.print("static $ptr$ _duplicate($ptr$ _yvp_obj) { CORBA::AbstractBase::_duplicate(_yvp_obj); return _yvp_obj; }\n",
                 vars);
-        p.print("static $ptr$ _nil() { return 0; }\n", vars);
-        p.print("static $ptr$ _narrow(CORBA::AbstractBase_ptr _yvp_obj);\n", vars);
-        p.print("static $ptr$ _unchecked_narrow(CORBA::AbstractBase_ptr _yvp_obj);\n", vars);
-        p.print("// A new proxy of an object reference read from a message.\n");
-        p.print("static $ptr$ _yv_from_object(CORBA::Object_ptr _yvp_obj);\n", vars);
-        p.print("static const YV_FWString _yv_fw_type_id;\n\n");
-        return;
-    }
-    p.print("static $ptr$ _duplicate($ptr$ _yvp_obj) { if (_yvp_obj) _yvp_obj->_yv_add_ref(); return _yvp_obj; }\n",
+    else
+        p.print("static $ptr$ _duplicate($ptr$ _yvp_obj) { if (_yvp_obj) _yvp_obj->_yv_add_ref(); return _yvp_obj; }\n",
+                vars);
+    p.print("static $ptr$ _nil() { return 0; }\n"
+            "static $ptr$ _narrow($from$ _yvp_obj);\n"
+            "static $ptr$ _unchecked_narrow($from$ _yvp_obj);\n",
             vars);
-    p.print("static $ptr$ _nil() { return 0; }\n", vars);
-    p.print("static $ptr$ _narrow(CORBA::Object_ptr _yvp_obj);\n", vars);
-    p.print("static $ptr$ _unchecked_narrow(CORBA::Object_ptr _yvp_obj);\n", vars);
+    if (abstract)
+        p.print("// A new proxy of an object reference read from a message.\n"
+                "static $ptr$ _yv_from_object(CORBA::Object_ptr _yvp_obj);\n",
+                vars);
     p.print("static const YV_FWString _yv_fw_type_id;\n\n");
-    if (abstract_kind(i))
+    if (!abstract && abstract_kind(i))
         write_object_identity(p);
 }
 
